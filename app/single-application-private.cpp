@@ -94,7 +94,10 @@ void SingleApplicationPrivate::startPrimary()
     server = new QLocalServer(this);
     server->setSocketOptions(options & SingleApplication::User ? QLocalServer::UserAccessOption
                                                                : QLocalServer::WorldAccessOption);
-    server->listen(blockServerName);
+    if (!server->listen(blockServerName)) {
+        qWarning().noquote() << "SingleApplication: Unable to listen for later instances:"
+                             << server->errorString();
+    }
     connect(server, &QLocalServer::newConnection, this,
             &SingleApplicationPrivate::slotConnectionEstablished);
 }

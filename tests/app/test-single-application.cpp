@@ -27,8 +27,10 @@ constexpr int boardMode =
 class Board
 {
 public:
-    explicit Board(const QStringList& arguments)
+    explicit Board(const QStringList& arguments, const QProcessEnvironment& environment =
+                                                     QProcessEnvironment::systemEnvironment())
     {
+        process.setProcessEnvironment(environment);
         QObject::connect(&process, &QProcess::readyReadStandardOutput,
                          [this]() { out += QString::fromUtf8(process.readAllStandardOutput()); });
         QObject::connect(&process, &QProcess::readyReadStandardError,
@@ -85,6 +87,7 @@ private slots:
     void exclusiveSecondaryLeavesAndAnnouncesItself();
     void reconnectAnnouncesNothing();
     void badIntroductionIsRefused();
+    void serverThatCannotListenIsReported();
 
 private:
     QStringList boardArguments(const QStringList& more = {}) const;
@@ -374,6 +377,21 @@ void TestSingleApplication::badIntroductionIsRefused()
     QTRY_COMPARE_WITH_TIMEOUT(
         primary->lines(), (QStringList{"primary 0", "message 9 hello", "message 9 again"}), 10000);
     QVERIFY(primary->stop());
+}
+
+void TestSingleApplication::serverThatCannotListenIsReported()
+{
+    // A socket path longer than the system allows cannot be listened on.
+    const QString deep = scratch.filePath(QString(120, QLatin1Char('d')));
+    QVERIFY(QDir().mkpath(deep));
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("TMPDIR"), deep);
+    Board primary(boardArguments(), environment);
+    QTRY_VERIFY_WITH_TIMEOUT(!primary.lines().isEmpty(), 10000);
+    QCOMPARE(primary.lines(), QStringList{"primary 0"});
+    QTRY_VERIFY_WITH_TIMEOUT(
+        primary.err.contains("SingleApplication: Unable to listen for later instances:"), 10000);
+    QVERIFY(primary.stop());
 }
 
 QTEST_GUILESS_MAIN(TestSingleApplication)
