@@ -1,0 +1,20 @@
+// SPDX-FileCopyrightText: 2026 pallo-board developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QUndoCommand>
+
+class DData;
+
+class ClearItem : public QUndoCommand
+{
+public:
+    explicit ClearItem(DData* data);
+    ~ClearItem() override;
+
+    void undo() override;
+    void redo() override;
+
+private:
+    DData* m_data;
+};

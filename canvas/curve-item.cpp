@@ -1,0 +1,89 @@
+// SPDX-FileCopyrightText: 2026 pallo-board developers
+// SPDX-License-Identifier: MIT
+#include "canvas/curve-item.h"
+
+#include "canvas/graphics-view.h"
+
+#include <QDebug>
+#include <QGraphicsSceneMouseEvent>
+#include <QPainter>
+#include <QStyleOptionGraphicsItem>
+
+namespace {
+
+bool eraserActive()
+{
+    return pallo::GraphicsView::currentFigure() == "erase";
+}
+
+} // namespace
+
+CurveItem::CurveItem(const QColor& color, int width) : m_color(color), m_width(width)
+{
+    // The item's own pen gives the bounding rectangle the width of the stroke.
+    QPen pen(color, width);
+    pen.setCapStyle(Qt::FlatCap);
+    setPen(pen);
+}
+
+CurveItem::~CurveItem()
+{
+    m_hoverCursor.leave();
+}
+
+void CurveItem::paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget*)
+{
+    painter->setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    const QColor color = (option->state & QStyle::State_Selected) ? m_color.darker(150) : m_color;
+    QPen pen(color, m_width);
+    pen.setCapStyle(Qt::FlatCap);
+    painter->setPen(pen);
+    painter->setBrush(Qt::NoBrush);
+    painter->drawPath(path());
+}
+
+void CurveItem::hoverEnterEvent(QGraphicsSceneHoverEvent* event)
+{
+    m_hoverCursor.enter();
+    QGraphicsPathItem::hoverEnterEvent(event);
+}
+
+void CurveItem::hoverLeaveEvent(QGraphicsSceneHoverEvent* event)
+{
+    m_hoverCursor.leave();
+    QGraphicsPathItem::hoverLeaveEvent(event);
+}
+
+void CurveItem::mousePressEvent(QGraphicsSceneMouseEvent* event)
+{
+    if (eraserActive()) {
+        event->ignore();
+        return;
+    }
+    m_lastScenePos = event->scenePos();
+    m_moved = false;
+    QGraphicsPathItem::mousePressEvent(event);
+}
+
+void CurveItem::mouseMoveEvent(QGraphicsSceneMouseEvent* event)
+{
+    if (eraserActive())
+        return;
+    m_moved = true;
+    const QPointF displacement = event->scenePos() - m_lastScenePos;
+    qDebug() << "ScenePos" << displacement;
+    moveBy(displacement.x(), displacement.y());
+    m_lastScenePos = event->scenePos();
+}
+
+void CurveItem::mouseReleaseEvent(QGraphicsSceneMouseEvent* event)
+{
+    if (eraserActive())
+        return;
+    const QPointF displacement = event->scenePos() - m_lastScenePos;
+    moveBy(displacement.x(), displacement.y());
+    m_lastScenePos = event->scenePos();
+    QGraphicsPathItem::mouseReleaseEvent(event);
+    if (m_moved)
+        emit singal_changePos(scenePos(), this);
+}

@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 pallo-board developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "canvas/item-hover-cursor.h"
+
+#include <QGraphicsPathItem>
+#include <QObject>
+
+// A freehand stroke of the pen, the highlighter or the vanishing pen.
+class CurveItem : public QObject, public QGraphicsPathItem
+{
+    Q_OBJECT
+    Q_INTERFACES(QGraphicsItem)
+
+public:
+    enum
+    {
+        Type = UserType + 2
+    };
+
+    CurveItem(const QColor& color, int width);
+    ~CurveItem() override;
+
+    int type() const override { return Type; }
+    QColor penColor() const { return m_color; }
+    int penWidth() const { return m_width; }
+
+    void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) override;
+
+signals:
+    void singal_changePos(QPointF pos, QGraphicsPathItem* item);
+
+protected:
+    void hoverEnterEvent(QGraphicsSceneHoverEvent* event) override;
+    void hoverLeaveEvent(QGraphicsSceneHoverEvent* event) override;
+    void mousePressEvent(QGraphicsSceneMouseEvent* event) override;
+    void mouseMoveEvent(QGraphicsSceneMouseEvent* event) override;
+    void mouseReleaseEvent(QGraphicsSceneMouseEvent* event) override;
+
+private:
+    QColor m_color;
+    int m_width;
+    QPointF m_lastScenePos;
+    bool m_moved = false;
+    ItemHoverCursor m_hoverCursor;
+};
+
+Q_DECLARE_METATYPE(QGraphicsPathItem*)

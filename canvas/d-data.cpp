@@ -1,0 +1,127 @@
+// SPDX-FileCopyrightText: 2026 pallo-board developers
+// SPDX-License-Identifier: MIT
+#include "canvas/d-data.h"
+
+#include "canvas/add-item.h"
+#include "canvas/chg-item.h"
+#include "canvas/chg-pos.h"
+#include "canvas/clear-item.h"
+#include "canvas/common-item.h"
+#include "canvas/del-item.h"
+#include "canvas/empty-item.h"
+#include "canvas/erase-item.h"
+#include "canvas/manger-info.h"
+#include "canvas/operate-item.h"
+
+#include <QGraphicsPathItem>
+#include <QGraphicsScene>
+#include <QUndoStack>
+
+DData::DData(QGraphicsScene* scene, QGraphicsView* view, QObject* parent)
+    : QObject(parent), m_scene(scene), m_view(view), m_undoStack(new QUndoStack(this))
+{
+}
+
+DData::~DData()
+{
+    // The commands refer to the records; they go first.
+    delete m_undoStack;
+}
+
+int DData::indexOfItem(const QGraphicsItem* item) const
+{
+    for (int i = 0; i < m_records.size(); ++i) {
+        if (m_records.at(i).item == item)
+            return i;
+    }
+    return -1;
+}
+
+void DData::add(const StrokeRecord& stroke)
+{
+    ItemRecord record(stroke);
+    if (record.item) {
+        record.pos = record.item->pos();
+        if (auto* info = dynamic_cast<MangerInfo*>(record.item)) {
+            record.path = info->shapePath();
+            record.transform = info->shapeTransform();
+        }
+    }
+    m_undoStack->push(new AddItem(this, record));
+}
+
+void DData::remove(const ItemRecord& record)
+{
+    m_undoStack->push(new DelItem(this, record));
+}
+
+bool DData::clearOrDelete()
+{
+    const QList<QGraphicsItem*> selected = m_scene->selectedItems();
+    int erasers = 0;
+    for (QGraphicsItem* item : selected) {
+        if (qgraphicsitem_cast<EraseItem*>(item))
+            ++erasers;
+    }
+    if (selected.size() > erasers) {
+        OperateItem* handles = OperateItem::existing();
+        if (!handles || !handles->isSelected()) {
+            for (QGraphicsItem* item : selected) {
+                if (qgraphicsitem_cast<EraseItem*>(item))
+                    continue;
+                const int index = indexOfItem(item);
+                if (index >= 0)
+                    remove(m_records.at(index));
+            }
+        } else {
+            const int index = indexOfItem(handles->target());
+            if (index >= 0)
+                remove(m_records.at(index));
+        }
+        return false;
+    }
+    m_undoStack->push(new ClearItem(this));
+    return true;
+}
+
+void DData::discardEmptyText()
+{
+    m_undoStack->undo();
+    m_undoStack->push(new EmptyItem);
+}
+
+void DData::deselectAll()
+{
+    for (const ItemRecord& record : qAsConst(m_records)) {
+        if (record.item)
+            record.item->setSelected(false);
+    }
+    m_scene->setFocusItem(nullptr, Qt::OtherFocusReason);
+}
+
+void DData::undo()
+{
+    m_undoStack->undo();
+}
+
+void DData::redo()
+{
+    m_undoStack->redo();
+}
+
+void DData::slot_changeItem(QPainterPath path, QPointF pos, QTransform transform,
+                            QGraphicsItem* item)
+{
+    const int index = indexOfItem(item);
+    if (index < 0)
+        return;
+    m_undoStack->push(new ChgItem(this, m_records.at(index), path, pos, transform));
+}
+
+void DData::slot_changePos(QPointF pos, QGraphicsPathItem* item)
+{
+    const int index = indexOfItem(item);
+    if (index < 0)
+        return;
+    m_undoStack->push(new ChgPos(this, m_records.at(index), pos));
+}

@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 pallo-board developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QGraphicsPathItem>
+
+// One eraser stroke. It clears the pixels of whatever was painted beneath its path; the
+// items beneath stay as they are.
+class EraseItem : public QGraphicsPathItem
+{
+public:
+    enum
+    {
+        Type = UserType + 3
+    };
+    static constexpr int PenWidth = 40;
+
+    EraseItem(const QPainterPath& path, const QPen& pen);
+
+    int type() const override { return Type; }
+    QPainterPath shape() const override;
+    void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) override;
+};

@@ -1,0 +1,103 @@
+// SPDX-FileCopyrightText: 2026 pallo-board developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QGraphicsView>
+#include <QPointF>
+#include <QString>
+
+#ifdef Q_OS_WIN
+#include <qt_windows.h>
+#endif
+
+class CtrlForm;
+class DrawManagerEx;
+class QSettings;
+
+namespace pallo {
+
+// The transparent full-screen canvas. It draws nothing itself: mouse and pen input become
+// "press", "move" and "release" for the drawing manager.
+class GraphicsView : public QGraphicsView
+{
+    Q_OBJECT
+
+public:
+    GraphicsView(bool enable, QWidget* parent);
+    ~GraphicsView() override;
+
+    // The canvas of the process, or null.
+    static GraphicsView* instance();
+    // The current tool's stored figure, or an empty text when there is no canvas.
+    static QString currentFigure();
+
+    // Wires the toolbar's signals and places it in the top right corner; only the first call
+    // counts. The toolbar becomes a child of the view.
+    void attachCtrlForm(CtrlForm* form);
+
+    DrawManagerEx* drawManager() const { return m_manager; }
+    CtrlForm* ctrlForm() const { return m_ctrlForm; }
+    QSettings* settings() const { return m_settings; }
+    bool chooseMode() const { return m_chooseMode; }
+    bool dragMode() const { return m_dragMode; }
+    bool penDown() const { return m_penDown; }
+    QString cursorName() const { return m_cursorName; }
+
+    // Sets the movable, selectable and hover flags of every drawn item but eraser strokes.
+    void setItemsMovable(bool on);
+
+signals:
+    void sg_pos(int x, int y);
+    void sg_state(QString mouse_state, int x, int y);
+
+public slots:
+    void slot_enable(bool enable);
+    void slot_choose();
+    void slot_test();
+    void slot_dirchanged(QString str);
+    void slot_cursor(QString cursor);
+    void slot_showmin();
+    void slot_widstayontop();
+
+protected:
+    bool eventFilter(QObject* object, QEvent* event) override;
+    void tabletEvent(QTabletEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    bool textItemUnderCursor(const QPoint& point);
+    void attachHandlesAt(const QPoint& point);
+    void forwardAsMouse(QTabletEvent* event, const QPointF& viewportPos);
+    void passState(const char* state, const QPointF& scenePos);
+    QPointF toScene(const QPointF& viewportPos) const;
+
+#ifdef Q_OS_WIN
+    bool installPenHook();
+    void updateNativeCursor();
+    static LRESULT CALLBACK penWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+#endif
+
+    DrawManagerEx* m_manager = nullptr;
+    CtrlForm* m_ctrlForm = nullptr;
+    QSettings* m_settings = nullptr;
+    bool m_chooseMode = false;
+    bool m_mouseDrawing = false;
+    bool m_dragMode = false;
+    bool m_penDown = false;
+    QString m_cursorName;
+    QPointF m_lastPenPoint;
+#ifdef Q_OS_WIN
+    WNDPROC m_previousWindowProc = nullptr;
+    quint32 m_penPointerId = 0;
+    bool m_penContact = false;
+    HCURSOR m_nativeCursor = nullptr;
+    bool m_penInRange = false;
+#endif
+};
+
+} // namespace pallo

@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: 2026 pallo-board developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QDir>
+#include <QGraphicsScene>
+#include <QImage>
+#include <QPainter>
+
+// Renders the scene like the canvas's translucent window: onto transparent pixels, so that
+// the eraser's composition clears what lies beneath it.
+inline QImage renderScene(QGraphicsScene* scene, const QSize& size = QSize(400, 300))
+{
+    QImage image(size, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    const QRectF area(QPointF(0, 0), QSizeF(size));
+    scene->render(&painter, area, area);
+    painter.end();
+    return image;
+}
+
+// Keeps a picture for a person to look at.
+inline void keepPicture(const QImage& image, const QString& name)
+{
+    const QString folder = qEnvironmentVariable("PALLO_TEST_OUTPUT");
+    if (folder.isEmpty())
+        return;
+    QDir().mkpath(folder);
+    image.save(folder + "/" + name + ".png");
+}
+
+inline int alphaAt(const QImage& image, int x, int y)
+{
+    return qAlpha(image.pixel(x, y));
+}
+
+// Number of pixels in column x whose alpha is at least minAlpha.
+inline int opaqueInColumn(const QImage& image, int x, int minAlpha = 128)
+{
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        if (qAlpha(image.pixel(x, y)) >= minAlpha)
+            ++count;
+    }
+    return count;
+}
