@@ -120,6 +120,7 @@ void GraphicsView::attachCtrlForm(CtrlForm* form)
     row->addWidget(form);
     row->addSpacing(50);
     auto* column = new QVBoxLayout;
+    column->setContentsMargins(0, 0, 0, 0);
     column->addLayout(row);
     column->addStretch();
     setLayout(column);

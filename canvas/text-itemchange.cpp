@@ -21,7 +21,7 @@ textItemchange::textItemchange(DData* data, QGraphicsItem* parent)
 
 textItemchange::~textItemchange()
 {
-    if (hasFocus())
+    if (m_editing)
         s_editing = false;
 }
 
@@ -34,6 +34,7 @@ void textItemchange::focusInEvent(QFocusEvent* event)
 {
     qDebug() << "文本获得焦点";
     s_editing = true;
+    m_editing = true;
     QGraphicsTextItem::focusInEvent(event);
 }
 
@@ -41,6 +42,7 @@ void textItemchange::focusOutEvent(QFocusEvent* event)
 {
     setTextInteractionFlags(Qt::NoTextInteraction);
     s_editing = false;
+    m_editing = false;
     QTextCursor cursor = textCursor();
     cursor.clearSelection();
     setTextCursor(cursor);

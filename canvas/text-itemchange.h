@@ -31,5 +31,6 @@ protected:
 
 private:
     DData* m_data;
+    bool m_editing = true;
     static bool s_editing;
 };

@@ -46,3 +46,12 @@ inline int opaqueInColumn(const QImage& image, int x, int minAlpha = 128)
     }
     return count;
 }
+
+// Sum of the alpha of column x, in whole pixels.
+inline double coverageInColumn(const QImage& image, int x)
+{
+    double sum = 0;
+    for (int y = 0; y < image.height(); ++y)
+        sum += qAlpha(image.pixel(x, y)) / 255.0;
+    return sum;
+}
