@@ -1,0 +1,135 @@
+// SPDX-FileCopyrightText: 2026 pallo-board developers
+// SPDX-License-Identifier: MIT
+#include "canvas-test-support.h"
+#include "canvas/curve-item.h"
+#include "canvas/d-data.h"
+#include "canvas/draw-manager-ex.h"
+#include "canvas/graphics-view.h"
+
+#include <QApplication>
+#include <QGraphicsSceneHoverEvent>
+#include <QSignalSpy>
+#include <QUndoStack>
+#include <QtTest>
+#include <memory>
+
+class TestCurveItem : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void cleanup();
+    void castsToItsType();
+    void selectedStrokeIsDarker();
+    void hoverWithEraserLeavesCursor();
+    void draggingMovesAndUndoes();
+    void eraserDoesNotMoveIt();
+};
+
+void TestCurveItem::cleanup()
+{
+    while (QApplication::overrideCursor())
+        QApplication::restoreOverrideCursor();
+}
+
+void TestCurveItem::castsToItsType()
+{
+    CurveItem curve(Qt::red, 3);
+    QGraphicsItem* item = &curve;
+    QCOMPARE(item->type(), int(QGraphicsItem::UserType + 2));
+    QCOMPARE(qgraphicsitem_cast<CurveItem*>(item), &curve);
+    QVERIFY(!qgraphicsitem_cast<QGraphicsPathItem*>(item));
+}
+
+void TestCurveItem::selectedStrokeIsDarker()
+{
+    QGraphicsScene scene;
+    auto* curve = new CurveItem(QColor(200, 0, 0), 6);
+    QPainterPath path(QPointF(50, 100));
+    path.lineTo(300, 100);
+    curve->setPath(path);
+    scene.addItem(curve);
+    QCOMPARE(qRed(renderScene(&scene).pixel(150, 100)), 200);
+    curve->setFlag(QGraphicsItem::ItemIsSelectable, true);
+    curve->setSelected(true);
+    QCOMPARE(qRed(renderScene(&scene).pixel(150, 100)), QColor(200, 0, 0).darker(150).red());
+    // Flat caps: nothing beyond the ends.
+    QCOMPARE(alphaAt(renderScene(&scene), 48, 100), 0);
+}
+
+void TestCurveItem::hoverWithEraserLeavesCursor()
+{
+    pallo::GraphicsView view(true, nullptr);
+    auto* curve = new CurveItem(Qt::red, 3);
+    view.scene()->addItem(curve);
+    curve->setAcceptHoverEvents(true);
+    view.drawManager()->slot_figure("erase");
+    QGraphicsSceneHoverEvent enter(QEvent::GraphicsSceneHoverEnter);
+    view.scene()->sendEvent(curve, &enter);
+    QVERIFY(!QApplication::overrideCursor());
+    view.drawManager()->slot_figure("drag");
+    view.scene()->sendEvent(curve, &enter);
+    QVERIFY(QApplication::overrideCursor());
+}
+
+void TestCurveItem::draggingMovesAndUndoes()
+{
+    qRegisterMetaType<QGraphicsPathItem*>();
+    pallo::GraphicsView view(true, nullptr);
+    view.setWindowState(Qt::WindowNoState);
+    view.resize(400, 300);
+    view.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&view));
+    DrawManagerEx* manager = view.drawManager();
+    manager->slot_figure("brush");
+    manager->slot_mousestate("press", 50, 100);
+    manager->slot_mousestate("move", 100, 100);
+    manager->slot_mousestate("move", 200, 100);
+    manager->slot_mousestate("release", 200, 100);
+    auto* curve = qgraphicsitem_cast<CurveItem*>(view.scene()->items().first());
+    QSignalSpy moved(curve, &CurveItem::singal_changePos);
+
+    manager->slot_figure("drag");
+    QWidget* viewport = view.viewport();
+    QTest::mousePress(viewport, Qt::LeftButton, Qt::NoModifier, QPoint(150, 100));
+    QMouseEvent move(QEvent::MouseMove, QPointF(170, 130), viewport->mapToGlobal(QPoint(170, 130)),
+                     Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(viewport, &move);
+    QTest::mouseRelease(viewport, Qt::LeftButton, Qt::NoModifier, QPoint(170, 130));
+
+    QCOMPARE(moved.count(), 1);
+    QCOMPARE(curve->pos(), QPointF(20, 30));
+    QCOMPARE(moved.at(0).at(0).toPointF(), QPointF(20, 30));
+    QUndoStack* stack = manager->data()->undoStack();
+    QCOMPARE(stack->count(), 2);
+    QCOMPARE(manager->data()->records().first().pos, QPointF(20, 30));
+    stack->undo();
+    QCOMPARE(curve->pos(), QPointF(0, 0));
+    QCOMPARE(manager->data()->records().first().pos, QPointF(0, 0));
+    stack->redo();
+    QCOMPARE(curve->pos(), QPointF(20, 30));
+}
+
+void TestCurveItem::eraserDoesNotMoveIt()
+{
+    pallo::GraphicsView view(true, nullptr);
+    auto* curve = new CurveItem(Qt::red, 3);
+    QPainterPath path(QPointF(50, 100));
+    path.lineTo(300, 100);
+    curve->setPath(path);
+    view.scene()->addItem(curve);
+    curve->setFlag(QGraphicsItem::ItemIsMovable, true);
+    view.drawManager()->slot_figure("erase");
+    QGraphicsSceneMouseEvent press(QEvent::GraphicsSceneMousePress);
+    press.setButton(Qt::LeftButton);
+    press.setScenePos(QPointF(100, 100));
+    view.scene()->sendEvent(curve, &press);
+    QVERIFY(!press.isAccepted());
+    QGraphicsSceneMouseEvent move(QEvent::GraphicsSceneMouseMove);
+    move.setScenePos(QPointF(150, 150));
+    view.scene()->sendEvent(curve, &move);
+    QCOMPARE(curve->pos(), QPointF(0, 0));
+}
+
+QTEST_MAIN(TestCurveItem)
+#include "test-curve-item.moc"
