@@ -71,17 +71,18 @@ bool parseSettings(int argc, char** argv, Settings* settings, int* exitCode)
 {
     cxxopts::Options options("pallo-host", "Starts pallo-board and sends it host commands.");
     options.positional_help("[COMMAND...]");
-    options.add_options()(
-        "n,name", "pipe name (a path, or a name placed in $XDG_RUNTIME_DIR or /tmp)",
-        cxxopts::value<std::string>()->default_value("pallo-host-" + std::to_string(::getpid())))(
-        "l,language", "language handed to the board",
-        cxxopts::value<std::string>()->default_value("english"))(
-        "b,board", "the pallo-board program (default: beside pallo-host, else on PATH)",
-        cxxopts::value<std::string>()->default_value(""))(
-        "connect-timeout", "milliseconds to wait for the board to connect",
-        cxxopts::value<int>()->default_value("10000"))("h,help", "show this help and the commands")(
-        "commands", "commands to send", cxxopts::value<std::vector<std::string>>());
-    options.parse_positional({"commands"});
+    // clang-format off
+    options.add_options()
+        ("n,name", "pipe name (a path, or a name placed in $XDG_RUNTIME_DIR or /tmp)",
+         cxxopts::value<std::string>()->default_value("pallo-host-" + std::to_string(::getpid())))
+        ("l,language", "language handed to the board",
+         cxxopts::value<std::string>()->default_value("english"))
+        ("b,board", "the pallo-board program (default: beside pallo-host, else on PATH)",
+         cxxopts::value<std::string>()->default_value(""))
+        ("connect-timeout", "milliseconds to wait for the board to connect",
+         cxxopts::value<int>()->default_value("10000"))
+        ("h,help", "show this help and the commands");
+    // clang-format on
     try {
         const cxxopts::ParseResult result = options.parse(argc, argv);
         if (result.count("help") > 0) {
@@ -93,8 +94,9 @@ bool parseSettings(int argc, char** argv, Settings* settings, int* exitCode)
         settings->language = result["language"].as<std::string>();
         settings->board = result["board"].as<std::string>();
         settings->connectTimeoutMs = result["connect-timeout"].as<int>();
-        if (result.count("commands") > 0)
-            settings->commands = result["commands"].as<std::vector<std::string>>();
+        // Commands are taken from what is left, as they stand: a positional option
+        // would split raw JSON at its commas.
+        settings->commands = result.unmatched();
     } catch (const std::exception& e) {
         std::cerr << "pallo-host: " << e.what() << "\n" << options.help();
         *exitCode = 2;
