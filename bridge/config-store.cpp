@@ -91,9 +91,10 @@ ConfigStore::Load ConfigStore::load(Json::Value* root) const
 {
     *root = Json::Value(Json::objectValue);
     std::error_code error;
-    if (!fs::exists(path_, error))
+    const fs::path file = fs::u8path(path_);
+    if (!fs::exists(file, error))
         return Load::Missing;
-    std::ifstream in(path_, std::ios::binary);
+    std::ifstream in(file, std::ios::binary);
     if (!in) {
         report("cannot be read", "open failed");
         return Load::Broken;
@@ -123,15 +124,15 @@ ConfigStore::Load ConfigStore::load(Json::Value* root) const
 bool ConfigStore::save(const Json::Value& root) const
 {
     std::error_code error;
-    const fs::path target(path_);
+    const fs::path target = fs::u8path(path_);
     if (target.has_parent_path())
         fs::create_directories(target.parent_path(), error);
 
-    const std::string temporary = temporaryName(path_);
+    const fs::path temporary = fs::u8path(temporaryName(path_));
     {
         std::ofstream out(temporary, std::ios::binary | std::ios::trunc);
         if (!out) {
-            report("cannot be written", temporary);
+            report("cannot be written", temporary.u8string());
             return false;
         }
         Json::StreamWriterBuilder builder;
@@ -140,7 +141,7 @@ bool ConfigStore::save(const Json::Value& root) const
         out.close();
         if (!out) {
             fs::remove(temporary, error);
-            report("cannot be written", temporary);
+            report("cannot be written", temporary.u8string());
             return false;
         }
     }

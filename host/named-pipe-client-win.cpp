@@ -48,7 +48,7 @@ int NamedPipeClient::Open(const std::string& name, int waitMs)
 std::uint32_t NamedPipeClient::Poll(int waitMs)
 {
     if (pipe_ == INVALID_HANDLE_VALUE)
-        return static_cast<std::uint32_t>(reinterpret_cast<std::uintptr_t>(INVALID_HANDLE_VALUE));
+        return kResultFailed;
 
     OVERLAPPED overlapped{};
     overlapped.hEvent = event_;

@@ -14,7 +14,11 @@
 namespace bg {
 namespace {
 
-std::string formatted(const char* format, ...) __attribute__((format(printf, 1, 2)));
+std::string formatted(const char* format, ...)
+#if defined(__GNUC__)
+    __attribute__((format(printf, 1, 2)))
+#endif
+    ;
 
 // Every numeric form goes through one 128-byte buffer; longer texts are cut there.
 std::string formatted(const char* format, ...)
