@@ -44,9 +44,9 @@ void Options::declareTo(cxxopts::Options& parser) const
 {
     auto adder = parser.add_options();
     for (const Declared& d : declared_) {
-        const std::string spec =
+        const std::string names =
             d.shortLetter != 0 ? std::string(1, d.shortLetter) + "," + d.longName : d.longName;
-        adder(spec, d.required ? d.description + " (required)" : d.description,
+        adder(names, d.required ? d.description + " (required)" : d.description,
               cxxopts::value<std::string>());
     }
 }
