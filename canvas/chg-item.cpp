@@ -4,6 +4,7 @@
 
 #include "canvas/d-data.h"
 #include "canvas/manger-info.h"
+#include "canvas/operate-item.h"
 
 #include <QDebug>
 #include <QGraphicsItem>
@@ -29,6 +30,9 @@ void ChgItem::exchange()
     }
     m_item->setPos(m_current.pos);
     m_item->update(m_item->boundingRect());
+    OperateItem* handles = OperateItem::existing();
+    if (handles && handles->isAttachedTo(m_item))
+        handles->followTarget();
 
     // The record carries the state forward, so that the next change starts from it.
     const int index = m_data->indexOfItem(m_item);

@@ -8,6 +8,7 @@
 #include "canvas/d-data.h"
 #include "canvas/draw-manager-ex.h"
 #include "canvas/erase-item.h"
+#include "canvas/graphics-scene.h"
 #include "canvas/operate-item.h"
 #include "canvas/pass-through.h"
 #include "toolbar/ctrl-form.h"
@@ -67,7 +68,7 @@ GraphicsView::GraphicsView(bool enable, QWidget* parent) : QGraphicsView(parent)
 
     setAutoFillBackground(true);
 
-    setScene(new QGraphicsScene(this));
+    setScene(new GraphicsScene(this));
     m_manager = new DrawManagerEx(this);
     connect(m_manager, &DrawManagerEx::sg_cursor, this, &GraphicsView::slot_cursor);
     connect(m_manager, &DrawManagerEx::sg_widstayontop, this, &GraphicsView::slot_widstayontop);

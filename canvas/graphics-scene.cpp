@@ -1,0 +1,27 @@
+// SPDX-FileCopyrightText: 2026 pallo-board developers
+// SPDX-License-Identifier: MIT
+#include "canvas/graphics-scene.h"
+
+#include <QDebug>
+#include <QGraphicsTextItem>
+
+GraphicsScene::GraphicsScene(QObject* parent) : QGraphicsScene(parent)
+{
+    connect(this, &QGraphicsScene::selectionChanged, this, &GraphicsScene::slot_selectionChanged);
+}
+
+GraphicsScene::~GraphicsScene() = default;
+
+void GraphicsScene::slot_selectionChanged()
+{
+    qDebug() << "select Changed slot start";
+    // Whatever is done to the selection here must not start this slot again.
+    const bool blocked = blockSignals(true);
+    const QList<QGraphicsItem*> selected = selectedItems();
+    for (QGraphicsItem* item : selected) {
+        if (dynamic_cast<QGraphicsTextItem*>(item))
+            qDebug() << "select Changed";
+    }
+    blockSignals(blocked);
+    qDebug() << "select Changed slot end";
+}
