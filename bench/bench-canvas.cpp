@@ -1,0 +1,145 @@
+// SPDX-FileCopyrightText: 2026 pallo-board developers
+// SPDX-License-Identifier: MIT
+#include "bench/canvas-fixture.h"
+#include "bench/results-table.h"
+#include "bench/viewport-recorder.h"
+
+#include "canvas/draw-manager-ex.h"
+
+#include <QApplication>
+#include <benchmark/benchmark.h>
+#include <chrono>
+#include <cstdio>
+
+namespace {
+
+// Every stroke measured gets this many more points; its length is the one it had before them.
+constexpr int kMoves = 100;
+constexpr int kWholeCanvasSteps = 10;
+constexpr int kClearItems = 10000;
+
+ResultsTable s_table;
+
+template <typename Step> double timeNs(Step step)
+{
+    const auto start = std::chrono::steady_clock::now();
+    step();
+    const auto end = std::chrono::steady_clock::now();
+    return std::chrono::duration<double, std::nano>(end - start).count();
+}
+
+void record(benchmark::State& state, double ns, std::vector<double>& times)
+{
+    state.SetIterationTime(ns / 1e9);
+    times.push_back(ns);
+}
+
+void moveBenchmark(benchmark::State& state, const QString& tool, int length, int items)
+{
+    CanvasFixture canvas(items);
+    canvas.beginStroke(tool, length);
+    std::vector<double> times;
+    qint64 painted = 0;
+    for (auto _ : state) {
+        record(state, timeNs([&] { canvas.move(); }), times);
+        painted += canvas.recorder()->lastPaintedArea();
+    }
+    canvas.release();
+    state.counters["px_painted"] = double(painted) / times.size();
+    s_table.add(tool, QString::number(length), QString::number(items), times);
+}
+
+void clearBenchmark(benchmark::State& state, bool measureUndo)
+{
+    CanvasFixture canvas(kClearItems);
+    DrawManagerEx* drawing = canvas.manager();
+    drawing->slot_clear();
+    canvas.settle();
+    std::vector<double> times;
+    for (auto _ : state) {
+        auto undo = [&] {
+            drawing->slot_undo();
+            canvas.settle();
+        };
+        auto redo = [&] {
+            drawing->slot_redo();
+            canvas.settle();
+        };
+        if (measureUndo) {
+            record(state, timeNs(undo), times);
+            redo();
+        } else {
+            undo();
+            record(state, timeNs(redo), times);
+        }
+    }
+    s_table.add(measureUndo ? "undo a clear" : "redo a clear", "-", QString::number(kClearItems),
+                times);
+}
+
+void repaintBenchmark(benchmark::State& state)
+{
+    CanvasFixture canvas(kClearItems);
+    std::vector<double> times;
+    for (auto _ : state)
+        record(state, timeNs([&] { canvas.repaintAll(); }), times);
+    s_table.add("repaint whole canvas", "-", QString::number(kClearItems), times);
+}
+
+void quietDebug(QtMsgType type, const QMessageLogContext&, const QString& message)
+{
+    // The canvas writes a debug line per finished stroke; thousands of them would bury the
+    // figures.
+    if (type == QtDebugMsg || type == QtInfoMsg)
+        return;
+    std::fprintf(stderr, "%s\n", qPrintable(message));
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    qInstallMessageHandler(quietDebug);
+    QApplication app(argc, argv);
+
+    const QStringList tools = {"brush", "highlighter", "erase"};
+    for (const QString& tool : tools) {
+        for (int items : {0, 1000, 10000}) {
+            for (int length : {100, 1000, 10000}) {
+                const std::string name = QString("move/%1/length:%2/items:%3")
+                                             .arg(tool)
+                                             .arg(length)
+                                             .arg(items)
+                                             .toStdString();
+                benchmark::RegisterBenchmark(name.c_str(), moveBenchmark, tool, length, items)
+                    ->Iterations(kMoves)
+                    ->UseManualTime()
+                    ->Unit(benchmark::kMicrosecond);
+            }
+        }
+    }
+    benchmark::RegisterBenchmark("clear/undo/items:10000", clearBenchmark, true)
+        ->Iterations(kWholeCanvasSteps)
+        ->UseManualTime()
+        ->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("clear/redo/items:10000", clearBenchmark, false)
+        ->Iterations(kWholeCanvasSteps)
+        ->UseManualTime()
+        ->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("repaint/whole-canvas/items:10000", repaintBenchmark)
+        ->Iterations(kWholeCanvasSteps)
+        ->UseManualTime()
+        ->Unit(benchmark::kMillisecond);
+
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+        return 1;
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+
+    std::printf("\nTime per step, 1920x1080 ARGB canvas, QT_QPA_PLATFORM=%s\n\n%s",
+                qgetenv("QT_QPA_PLATFORM").constData(), qPrintable(s_table.format()));
+    return 0;
+}

@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 pallo-board developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QSize>
+#include <QString>
+#include <memory>
+
+class DrawManagerEx;
+class ViewportRecorder;
+namespace pallo {
+class GraphicsView;
+}
+
+// A full-screen canvas with its view, its drawing manager and finished strokes on it, painted
+// into an ARGB image after every step.
+class CanvasFixture
+{
+public:
+    static constexpr QSize Screen = QSize(1920, 1080);
+
+    // Draws items finished pen strokes spread over the screen.
+    explicit CanvasFixture(int items);
+    ~CanvasFixture();
+
+    // Chooses tool and presses, then moves until the stroke holds points points.
+    void beginStroke(const QString& tool, int points);
+    // One more point of the stroke, painted.
+    void move();
+    void release();
+
+    // Settles and paints whatever the last calls dirtied.
+    void settle();
+    void repaintAll();
+
+    DrawManagerEx* manager() const;
+    ViewportRecorder* recorder() const { return m_recorder; }
+
+private:
+    std::unique_ptr<pallo::GraphicsView> m_view;
+    ViewportRecorder* m_recorder = nullptr;
+    int m_next = 0;
+};
