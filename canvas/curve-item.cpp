@@ -2,11 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "canvas/curve-item.h"
 
+#include "canvas/clip-area.h"
 #include "canvas/graphics-view.h"
 
 #include <QDebug>
 #include <QGraphicsSceneMouseEvent>
 #include <QPainter>
+#include <QPainterPathStroker>
 #include <QStyleOptionGraphicsItem>
 
 namespace {
@@ -20,7 +22,6 @@ bool eraserActive()
 
 CurveItem::CurveItem(const QColor& color, int width) : m_color(color), m_width(width)
 {
-    // The item's own pen gives the bounding rectangle the width of the stroke.
     QPen pen(color, width);
     pen.setCapStyle(Qt::FlatCap);
     setPen(pen);
@@ -31,6 +32,65 @@ CurveItem::~CurveItem()
     m_hoverCursor.leave();
 }
 
+void CurveItem::setPath(const QPainterPath& path)
+{
+    prepareGeometryChange();
+    m_stroke = StrokePath(path);
+    m_bounds = tightBounds();
+    update();
+}
+
+void CurveItem::lineTo(const QPointF& point)
+{
+    const QRectF segment = m_stroke.lineTo(point);
+    if (segment.isNull())
+        return;
+    const qreal r = reach();
+    const QRectF dirty = segment.adjusted(-r, -r, r, r);
+    if (m_bounds.contains(dirty)) {
+        update(dirty);
+        return;
+    }
+    prepareGeometryChange();
+    m_bounds = StrokePath::roomToGrow(tightBounds());
+}
+
+qreal CurveItem::reach() const
+{
+    // Flat caps and bevel joins stay within half the width of the points; one more pixel for
+    // antialiasing, one for rounding of the repainted area.
+    return m_width / 2.0 + 2;
+}
+
+QRectF CurveItem::tightBounds() const
+{
+    if (m_stroke.path().elementCount() == 0)
+        return QRectF();
+    const qreal r = reach();
+    return m_stroke.pointBounds().adjusted(-r, -r, r, r);
+}
+
+QRectF CurveItem::boundingRect() const
+{
+    return m_bounds;
+}
+
+QPainterPath CurveItem::shape() const
+{
+    const QPainterPath& path = m_stroke.path();
+    if (path.isEmpty())
+        return path;
+    QPainterPathStroker stroker;
+    stroker.setCapStyle(Qt::FlatCap);
+    stroker.setJoinStyle(pen().joinStyle());
+    stroker.setMiterLimit(pen().miterLimit());
+    // A zero width would make the stroker use 1.
+    stroker.setWidth(m_width > 0 ? qreal(m_width) : qreal(0.00000001));
+    QPainterPath shape = stroker.createStroke(path);
+    shape.addPath(path);
+    return shape;
+}
+
 void CurveItem::paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget*)
 {
     painter->setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
@@ -39,7 +99,9 @@ void CurveItem::paint(QPainter* painter, const QStyleOptionGraphicsItem* option,
     pen.setCapStyle(Qt::FlatCap);
     painter->setPen(pen);
     painter->setBrush(Qt::NoBrush);
-    painter->drawPath(path());
+    // A repaint of a small area strokes only the part of a long path that can reach it.
+    const QRectF area = clipArea(painter);
+    painter->drawPath(area.isNull() ? m_stroke.path() : m_stroke.partNear(area, reach()));
 }
 
 void CurveItem::hoverEnterEvent(QGraphicsSceneHoverEvent* event)

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "canvas/item-hover-cursor.h"
+#include "canvas/stroke-path.h"
 
 #include <QGraphicsPathItem>
 #include <QObject>
@@ -26,6 +27,15 @@ public:
     QColor penColor() const { return m_color; }
     int penWidth() const { return m_width; }
 
+    // The stroke's path lives here, not in the path item, so that a point is appended without
+    // copying the path; these two stand in for the path item's own.
+    QPainterPath path() const { return m_stroke.path(); }
+    void setPath(const QPainterPath& path);
+    // Extends the stroke by a straight segment to point and repaints only around it.
+    void lineTo(const QPointF& point);
+
+    QRectF boundingRect() const override;
+    QPainterPath shape() const override;
     void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) override;
 
 signals:
@@ -39,11 +49,17 @@ protected:
     void mouseReleaseEvent(QGraphicsSceneMouseEvent* event) override;
 
 private:
+    // How far beyond its path the pen can touch a pixel.
+    qreal reach() const;
+    QRectF tightBounds() const;
+
     QColor m_color;
     int m_width;
     QPointF m_lastScenePos;
     bool m_moved = false;
     ItemHoverCursor m_hoverCursor;
+    StrokePath m_stroke;
+    QRectF m_bounds;
 };
 
 Q_DECLARE_METATYPE(QGraphicsPathItem*)

@@ -102,6 +102,10 @@ void DrawManagerEx::finishStroke()
         return;
     if (!m_stroke->item)
         return;
+    // The eraser's path is taken once the stroke is done; a copy held while it grows would
+    // make every added segment copy the whole path.
+    if (auto* eraser = qgraphicsitem_cast<EraseItem*>(m_stroke->item))
+        m_stroke->path = eraser->path();
     m_data->add(*m_stroke);
     if (figure == "curve" && m_data->delayErase)
         vanishLater(m_stroke->item);
@@ -149,9 +153,7 @@ void DrawManagerEx::updateCurve()
         connect(item, &CurveItem::singal_changePos, m_data, &DData::slot_changePos);
         s.item = item;
     } else {
-        QPainterPath path = item->path();
-        path.lineTo(s.endX, s.endY);
-        item->setPath(path);
+        item->lineTo(QPointF(s.endX, s.endY));
     }
 }
 
@@ -162,19 +164,16 @@ void DrawManagerEx::updateErase()
     const QPointF end(s.endX, s.endY);
     m_points.append(end);
 
-    const QPen pen(QColor(0, 0, 0, 1), EraseItem::PenWidth);
-    QPainterPath path = s.path;
-    if (s.item) {
-        m_data->scene()->removeItem(s.item);
-        delete s.item;
-        s.item = nullptr;
+    // One item holds every segment of the stroke. It grows in place: taking it off the scene
+    // and making it anew would repaint the whole stroke on every move, and the new item would
+    // land at the same place in the stacking order anyway, on top.
+    auto* item = static_cast<EraseItem*>(s.item);
+    if (!item) {
+        item = new EraseItem(s.path, QPen(QColor(0, 0, 0, 1), EraseItem::PenWidth));
+        m_data->scene()->addItem(item);
+        s.item = item;
     }
-    path.moveTo(previous);
-    path.lineTo(end);
-    auto* item = new EraseItem(path, pen);
-    m_data->scene()->addItem(item);
-    s.item = item;
-    s.path = path;
+    item->addSegment(previous, end);
     emit sg_widstayontop();
 }
 

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 pallo-board developers
 // SPDX-License-Identifier: MIT
+#include "bench/viewport-recorder.h"
 #include "canvas-test-support.h"
 #include "canvas/curve-item.h"
 #include "canvas/d-data.h"
@@ -10,6 +11,7 @@
 #include <QGraphicsSceneHoverEvent>
 #include <QSignalSpy>
 #include <QUndoStack>
+#include <QtMath>
 #include <QtTest>
 #include <memory>
 
@@ -24,6 +26,9 @@ private slots:
     void hoverWithEraserLeavesCursor();
     void draggingMovesAndUndoes();
     void eraserDoesNotMoveIt();
+    void growingStrokeRepaintsLikeAFullRepaint_data();
+    void growingStrokeRepaintsLikeAFullRepaint();
+    void movedStrokeRepaintsPartLikeWhole();
 };
 
 void TestCurveItem::cleanup()
@@ -129,6 +134,92 @@ void TestCurveItem::eraserDoesNotMoveIt()
     move.setScenePos(QPointF(150, 150));
     view.scene()->sendEvent(curve, &move);
     QCOMPARE(curve->pos(), QPointF(0, 0));
+}
+
+void TestCurveItem::growingStrokeRepaintsLikeAFullRepaint_data()
+{
+    QTest::addColumn<QString>("tool");
+    QTest::newRow("pen") << "brush";
+    QTest::newRow("highlighter") << "highlighter";
+}
+
+void TestCurveItem::growingStrokeRepaintsLikeAFullRepaint()
+{
+    QFETCH(QString, tool);
+    const QSize size(400, 300);
+    pallo::GraphicsView view(true, nullptr);
+    view.setWindowState(Qt::WindowNoState);
+    view.resize(size);
+    view.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&view));
+    auto* recorder = new ViewportRecorder(view.viewport(), size);
+    recorder->repaintAll();
+
+    DrawManagerEx* manager = view.drawManager();
+    manager->slot_color("#ff0000");
+    manager->slot_width(3);
+    manager->slot_figure(tool);
+    // Out along a line, then back and forth across it: the stroke grows and crosses itself,
+    // and every move is repainted on its own as on screen.
+    manager->slot_mousestate("press", 30, 150);
+    recorder->settle();
+    for (int x = 34; x <= 370; x += 4) {
+        manager->slot_mousestate("move", x, 150);
+        recorder->settle();
+    }
+    for (int i = 0; i < 160; ++i) {
+        const int x = 360 - i * 2;
+        const int y = 150 + qRound(100 * qSin(i / 6.0));
+        manager->slot_mousestate("move", x, y);
+        recorder->settle();
+    }
+    manager->slot_mousestate("release", 40, 150);
+    recorder->settle();
+    const QImage incremental = recorder->image();
+    keepPicture(incremental, "curve-item-incremental-" + tool);
+
+    recorder->repaintAll();
+    QCOMPARE(incremental, recorder->image());
+    // The stroke is there, painted once: no darker where it crosses itself.
+    const int crossing = qAlpha(incremental.pixel(360, 150));
+    QVERIFY(crossing > 100);
+    QCOMPARE(qAlpha(incremental.pixel(100, 150)), qAlpha(incremental.pixel(50, 150)));
+    QCOMPARE(crossing, qAlpha(incremental.pixel(50, 150)));
+}
+
+void TestCurveItem::movedStrokeRepaintsPartLikeWhole()
+{
+    const QSize size(400, 300);
+    pallo::GraphicsView view(true, nullptr);
+    view.setWindowState(Qt::WindowNoState);
+    view.resize(size);
+    view.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&view));
+    auto* recorder = new ViewportRecorder(view.viewport(), size);
+    DrawManagerEx* manager = view.drawManager();
+    manager->slot_figure("rect");
+    manager->slot_mousestate("press", 20, 20);
+    manager->slot_mousestate("move", 120, 90);
+    manager->slot_mousestate("release", 120, 90);
+    manager->slot_figure("highlighter");
+    manager->slot_mousestate("press", 20, 150);
+    for (int i = 1; i <= 200; ++i)
+        manager->slot_mousestate("move", 20 + i, 150 + qRound(60 * qSin(i / 8.0)));
+    manager->slot_mousestate("release", 220, 150);
+    auto* curve = qgraphicsitem_cast<CurveItem*>(view.scene()->items().first());
+    QVERIFY(curve);
+    curve->setPos(37, -21);
+    recorder->settle();
+    recorder->repaintAll();
+    const QImage whole = recorder->image();
+
+    // Small repaints across the moved stroke, one at a time.
+    for (int x = 40; x < 280; x += 13) {
+        view.viewport()->update(QRect(x, 100, 9, 90));
+        recorder->settle();
+    }
+    QCOMPARE(recorder->image(), whole);
+    QVERIFY(qAlpha(whole.pixel(57 + 37, 150 - 21 + qRound(60 * qSin(37 / 8.0)))) > 100);
 }
 
 QTEST_MAIN(TestCurveItem)

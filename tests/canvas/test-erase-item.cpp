@@ -1,8 +1,11 @@
 // SPDX-FileCopyrightText: 2026 pallo-board developers
 // SPDX-License-Identifier: MIT
+#include "bench/viewport-recorder.h"
 #include "canvas-test-support.h"
 #include "canvas/curve-item.h"
+#include "canvas/draw-manager-ex.h"
 #include "canvas/erase-item.h"
+#include "canvas/graphics-view.h"
 
 #include <QtTest>
 
@@ -14,6 +17,7 @@ private slots:
     void castsToItsType();
     void shapeIsFortyWide();
     void clearsPixelsBeneathOnly();
+    void growingEraserRepaintsLikeAFullRepaint();
 };
 
 namespace {
@@ -65,6 +69,71 @@ void TestEraseItem::clearsPixelsBeneathOnly()
     // Where nothing was painted the eraser leaves no visible trace.
     QVERIFY(alphaAt(image, 200, 60) <= 1);
     QVERIFY(scene.items().contains(stroke));
+}
+
+void TestEraseItem::growingEraserRepaintsLikeAFullRepaint()
+{
+    const QSize size(400, 300);
+    pallo::GraphicsView view(true, nullptr);
+    view.setWindowState(Qt::WindowNoState);
+    view.resize(size);
+    view.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&view));
+    auto* recorder = new ViewportRecorder(view.viewport(), size);
+
+    DrawManagerEx* manager = view.drawManager();
+    manager->slot_color("#0000ff");
+    manager->slot_width(3);
+    manager->slot_figure("brush");
+    for (int y = 30; y < 300; y += 30) {
+        manager->slot_mousestate("press", 10, y);
+        manager->slot_mousestate("move", 200, y);
+        manager->slot_mousestate("move", 390, y);
+        manager->slot_mousestate("release", 390, y);
+    }
+    recorder->repaintAll();
+
+    // A zigzag eraser stroke over the lines, repainted after every move as on screen.
+    manager->slot_figure("erase");
+    manager->slot_mousestate("press", 20, 20);
+    recorder->settle();
+    for (int i = 1; i <= 120; ++i) {
+        manager->slot_mousestate("move", 20 + i * 3,
+                                 (i / 20) % 2 ? 280 - (i % 20) * 13 : 20 + (i % 20) * 13);
+        recorder->settle();
+    }
+    manager->slot_mousestate("release", 380, 20);
+    recorder->settle();
+    const QImage incremental = recorder->image();
+    keepPicture(incremental, "erase-item-incremental");
+
+    int erasers = 0;
+    for (QGraphicsItem* item : view.scene()->items()) {
+        if (qgraphicsitem_cast<EraseItem*>(item))
+            ++erasers;
+    }
+    QCOMPARE(erasers, 1);
+    recorder->repaintAll();
+    // Qt rounds the antialiased edge of a clearing composition a little differently when the
+    // painter is clipped, as in any partial repaint; inside and outside the stroke every pixel
+    // is the same.
+    const QImage full = recorder->image();
+    int edgePixels = 0;
+    for (int y = 0; y < size.height(); ++y) {
+        for (int x = 0; x < size.width(); ++x) {
+            const QRgb a = incremental.pixel(x, y);
+            const QRgb b = full.pixel(x, y);
+            if (a == b)
+                continue;
+            ++edgePixels;
+            QVERIFY2(qAbs(qAlpha(a) - qAlpha(b)) <= 8 && qAbs(qBlue(a) - qBlue(b)) <= 8,
+                     qPrintable(QString("pixel %1,%2").arg(x).arg(y)));
+        }
+    }
+    QVERIFY(edgePixels < 400);
+    // Lines are cleared where the eraser went and kept elsewhere.
+    QVERIFY(qAlpha(incremental.pixel(23, 30)) <= 1);
+    QCOMPARE(qAlpha(incremental.pixel(388, 150)), 255);
 }
 
 QTEST_MAIN(TestEraseItem)

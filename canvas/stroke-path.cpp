@@ -1,0 +1,210 @@
+// SPDX-FileCopyrightText: 2026 pallo-board developers
+// SPDX-License-Identifier: MIT
+#include "canvas/stroke-path.h"
+
+#include <QtMath>
+#include <algorithm>
+
+namespace {
+
+constexpr qreal kCell = 64;
+constexpr int kContext = 2;
+
+int cellOf(qreal v)
+{
+    return qFloor(v / kCell);
+}
+
+quint64 cellKey(int cx, int cy)
+{
+    return (quint64(quint32(cx)) << 32) | quint32(cy);
+}
+
+// Unlike QRectF::intersects, true for horizontal and vertical segments too.
+bool touches(const QRectF& segment, const QRectF& area)
+{
+    return segment.left() <= area.right() && segment.right() >= area.left() &&
+           segment.top() <= area.bottom() && segment.bottom() >= area.top();
+}
+
+// QRectF::united ignores rectangles of no size, and the bounds of points often have none.
+QRectF withPoint(const QRectF& bounds, const QPointF& p)
+{
+    return QRectF(QPointF(qMin(bounds.left(), p.x()), qMin(bounds.top(), p.y())),
+                  QPointF(qMax(bounds.right(), p.x()), qMax(bounds.bottom(), p.y())));
+}
+
+struct Run
+{
+    int first;
+    int last;
+};
+
+} // namespace
+
+StrokePath::StrokePath(const QPainterPath& path) : m_path(path)
+{
+    for (int i = 0; i < m_path.elementCount(); ++i)
+        index(i);
+}
+
+void StrokePath::moveTo(const QPointF& point)
+{
+    const int before = m_path.elementCount();
+    m_path.moveTo(point);
+    if (m_path.elementCount() > before) {
+        index(m_path.elementCount() - 1);
+    } else {
+        // The path replaced its trailing move; the old point may stay in the bounds.
+        m_bounds = withPoint(m_bounds, point);
+    }
+}
+
+QRectF StrokePath::lineTo(const QPointF& point)
+{
+    const int before = m_path.elementCount();
+    m_path.lineTo(point);
+    if (m_path.elementCount() == before)
+        return QRectF();
+    for (int i = before; i < m_path.elementCount(); ++i)
+        index(i);
+    return segmentRect(m_path.elementCount() - 1);
+}
+
+QPointF StrokePath::pointAt(int element) const
+{
+    const QPainterPath::Element& e = m_path.elementAt(element);
+    return QPointF(e.x, e.y);
+}
+
+QRectF StrokePath::segmentRect(int element) const
+{
+    const QPointF a = pointAt(element - 1);
+    const QPointF b = pointAt(element);
+    return QRectF(QPointF(qMin(a.x(), b.x()), qMin(a.y(), b.y())),
+                  QPointF(qMax(a.x(), b.x()), qMax(a.y(), b.y())));
+}
+
+bool StrokePath::closesSubpath(int element) const
+{
+    const bool endsSubpath = element + 1 == m_path.elementCount() ||
+                             m_path.elementAt(element + 1).type == QPainterPath::MoveToElement;
+    return endsSubpath && pointAt(element) == pointAt(m_subpathStart.at(element));
+}
+
+void StrokePath::index(int element)
+{
+    const QPainterPath::Element& e = m_path.elementAt(element);
+    const QPointF point(e.x, e.y);
+    m_bounds = element == 0 ? QRectF(point, point) : withPoint(m_bounds, point);
+    const bool move = e.type == QPainterPath::MoveToElement;
+    m_subpathStart.resize(element + 1);
+    m_subpathStart[element] = move || element == 0 ? element : m_subpathStart.at(element - 1);
+    if (move)
+        return;
+    if (e.type != QPainterPath::LineToElement)
+        m_polyline = false;
+    if (!m_polyline)
+        return;
+    const QRectF rect = segmentRect(element);
+    for (int cx = cellOf(rect.left()); cx <= cellOf(rect.right()); ++cx) {
+        for (int cy = cellOf(rect.top()); cy <= cellOf(rect.bottom()); ++cy)
+            m_cells[cellKey(cx, cy)].append(element);
+    }
+    ++m_segments;
+}
+
+QRectF StrokePath::roomToGrow(const QRectF& tight)
+{
+    const qreal dx = tight.width() / 8;
+    const qreal dy = tight.height() / 8;
+    return tight.adjusted(-dx, -dy, dx, dy);
+}
+
+QPainterPath StrokePath::partNear(const QRectF& rect, qreal reach) const
+{
+    const QRectF area = rect.adjusted(-reach, -reach, reach, reach);
+    if (!m_polyline || area.contains(m_bounds))
+        return m_path;
+
+    QVector<int> hits;
+    const qint64 cells = qint64(cellOf(area.right()) - cellOf(area.left()) + 1) *
+                         (cellOf(area.bottom()) - cellOf(area.top()) + 1);
+    if (cells > m_segments) {
+        for (int i = 1; i < m_path.elementCount(); ++i) {
+            if (m_path.elementAt(i).type == QPainterPath::LineToElement &&
+                touches(segmentRect(i), area))
+                hits.append(i);
+        }
+    } else {
+        for (int cx = cellOf(area.left()); cx <= cellOf(area.right()); ++cx) {
+            for (int cy = cellOf(area.top()); cy <= cellOf(area.bottom()); ++cy) {
+                const auto found = m_cells.constFind(cellKey(cx, cy));
+                if (found == m_cells.constEnd())
+                    continue;
+                for (int element : *found) {
+                    if (touches(segmentRect(element), area))
+                        hits.append(element);
+                }
+            }
+        }
+        std::sort(hits.begin(), hits.end());
+        hits.erase(std::unique(hits.begin(), hits.end()), hits.end());
+    }
+
+    // Each run takes a few more segments of its polyline on either side: the rasterizer's
+    // rounding along an edge depends on where the edge is cut, and a segment stroked on its
+    // own does not always round the same as inside its polyline.
+    const auto isLine = [this](int element) {
+        return element > 0 && element < m_path.elementCount() &&
+               m_path.elementAt(element).type == QPainterPath::LineToElement;
+    };
+    QVector<Run> runs;
+    for (int element : qAsConst(hits)) {
+        int first = element;
+        int last = element;
+        for (int k = 0; k < kContext && isLine(first - 1); ++k)
+            --first;
+        for (int k = 0; k < kContext && isLine(last + 1); ++k)
+            ++last;
+        if (!runs.isEmpty() && first <= runs.last().last + 1)
+            runs.last().last = qMax(runs.last().last, last);
+        else
+            runs.append({first, last});
+    }
+
+    // The run that ends a closed subpath goes on through its first run, so that the two meet
+    // in the same join as in the whole path.
+    QHash<int, int> headRuns;
+    for (int r = 0; r < runs.size(); ++r) {
+        const int start = m_subpathStart.at(runs.at(r).first);
+        if (runs.at(r).first == start + 1)
+            headRuns.insert(start, r);
+    }
+    QVector<int> continuation(runs.size(), -1);
+    QVector<bool> continues(runs.size(), false);
+    for (int r = 0; r < runs.size(); ++r) {
+        if (!closesSubpath(runs.at(r).last))
+            continue;
+        const int head = headRuns.value(m_subpathStart.at(runs.at(r).last), -1);
+        if (head >= 0 && head != r) {
+            continuation[r] = head;
+            continues[head] = true;
+        }
+    }
+
+    QPainterPath part;
+    auto follow = [&](const Run& run) {
+        for (int element = run.first; element <= run.last; ++element)
+            part.lineTo(pointAt(element));
+    };
+    for (int r = 0; r < runs.size(); ++r) {
+        if (continues.at(r))
+            continue;
+        part.moveTo(pointAt(runs.at(r).first - 1));
+        follow(runs.at(r));
+        if (continuation.at(r) >= 0)
+            follow(runs.at(continuation.at(r)));
+    }
+    return part;
+}

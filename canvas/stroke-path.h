@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: 2026 pallo-board developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QHash>
+#include <QPainterPath>
+#include <QRectF>
+#include <QVector>
+
+// A path drawn point by point. Appending costs the same however long the path is, and the
+// segments that come near a rectangle are found without walking the whole path, so that a
+// repaint of a small area strokes only what can reach it.
+class StrokePath
+{
+public:
+    StrokePath() = default;
+    explicit StrokePath(const QPainterPath& path);
+
+    const QPainterPath& path() const { return m_path; }
+    // Bounds of every point of the path.
+    QRectF pointBounds() const { return m_bounds; }
+
+    void moveTo(const QPointF& point);
+    // Returns the rectangle spanned by the new segment, or a null rectangle when the point
+    // repeats the last one (the path skips it).
+    QRectF lineTo(const QPointF& point);
+
+    // Bounds for an item whose stroke paints inside tight and keeps growing: an eighth of its
+    // size to spare on every side, so that its bounds change (and it is repainted whole) only
+    // now and then.
+    static QRectF roomToGrow(const QRectF& tight);
+
+    // What of the path can paint inside rect when it is stroked with a pen that reaches no
+    // farther than reach from the path: the runs of consecutive segments that come within
+    // reach of rect, as one path. Inside rect they paint the same pixels as the whole path.
+    QPainterPath partNear(const QRectF& rect, qreal reach) const;
+
+private:
+    void index(int element);
+    QRectF segmentRect(int element) const;
+    QPointF pointAt(int element) const;
+    // A subpath whose last point is its first is stroked with a join there, not two ends.
+    bool closesSubpath(int element) const;
+
+    QPainterPath m_path;
+    QRectF m_bounds;
+    // Curves are not indexed; a path holding one is always painted whole.
+    bool m_polyline = true;
+    // For every element, the index of the move that starts its subpath.
+    QVector<int> m_subpathStart;
+    // Grid cell to the elements that end a line segment crossing the cell.
+    QHash<quint64, QVector<int>> m_cells;
+    int m_segments = 0;
+};

@@ -1,0 +1,199 @@
+// SPDX-FileCopyrightText: 2026 pallo-board developers
+// SPDX-License-Identifier: MIT
+#include "canvas-test-support.h"
+#include "canvas/stroke-path.h"
+
+#include <QtMath>
+#include <QtTest>
+
+class TestStrokePath : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void partPaintsLikeWholePath_data();
+    void partPaintsLikeWholePath();
+    void repeatedPointAddsNothing();
+    void partOfFarAreaIsEmpty();
+    void areaCoveringAllGivesWholePath();
+    void pathWithCurveIsAlwaysWhole();
+    void boundsFollowPoints();
+    void roomToGrowAddsAnEighth();
+};
+
+Q_DECLARE_METATYPE(QPainterPath)
+
+namespace {
+
+const QSize kSize(400, 300);
+
+// A scribble that crosses itself many times, with short and long segments, horizontal and
+// vertical ones and sharp turns.
+QPainterPath scribble()
+{
+    StrokePath stroke;
+    stroke.moveTo(QPointF(40, 150));
+    for (int i = 1; i < 400; ++i) {
+        const double t = i / 25.0;
+        stroke.lineTo(
+            QPointF(qRound(200 + 150 * qSin(t * 1.3)), qRound(150 + 110 * qSin(t * 2.1))));
+    }
+    stroke.lineTo(QPointF(380, 20));
+    stroke.lineTo(QPointF(380, 280));
+    stroke.lineTo(QPointF(20, 280));
+    return stroke.path();
+}
+
+// Like a ring drawn back to its starting pixel: the stroke meets itself in a join.
+QPainterPath closedRing()
+{
+    StrokePath stroke;
+    stroke.moveTo(QPointF(300, 150));
+    for (int i = 1; i < 60; ++i) {
+        const double a = i * 2 * M_PI / 60;
+        stroke.lineTo(QPointF(qRound(200 + 100 * qCos(a)), qRound(150 + 100 * qSin(a))));
+    }
+    stroke.lineTo(QPointF(300, 150));
+    return stroke.path();
+}
+
+// The eraser's way: every segment a subpath of its own.
+QPainterPath separateSegments()
+{
+    StrokePath stroke;
+    QPointF previous(30, 30);
+    for (int i = 1; i < 120; ++i) {
+        const QPointF next(30 + (i * 37) % 340, 30 + (i * 53) % 240);
+        stroke.moveTo(previous);
+        stroke.lineTo(next);
+        previous = next;
+    }
+    return stroke.path();
+}
+
+QImage paint(const QPainterPath& path, const QPen& pen, const QRect& clip)
+{
+    QImage image(kSize, QImage::Format_ARGB32_Premultiplied);
+    image.fill(QColor(0, 128, 0, 200));
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    painter.setClipRect(clip);
+    painter.setPen(pen);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    painter.drawPath(path);
+    painter.end();
+    return image;
+}
+
+} // namespace
+
+void TestStrokePath::partPaintsLikeWholePath_data()
+{
+    QTest::addColumn<QPainterPath>("path");
+    QTest::addColumn<QPen>("pen");
+    QTest::addColumn<qreal>("reach");
+
+    QPen brush(QColor(255, 0, 0), 3);
+    brush.setCapStyle(Qt::FlatCap);
+    QPen highlighter(QColor(255, 0, 0, 127), 30);
+    highlighter.setCapStyle(Qt::FlatCap);
+    const QPen eraser(QColor(0, 0, 0, 1), 40);
+
+    QTest::newRow("pen") << scribble() << brush << 3.5;
+    QTest::newRow("highlighter crossing itself") << scribble() << highlighter << 17.0;
+    QTest::newRow("highlighter ring closed on itself") << closedRing() << highlighter << 17.0;
+    QTest::newRow("eraser segments with square ends")
+        << separateSegments() << eraser << 20 * M_SQRT2 + 2;
+}
+
+void TestStrokePath::partPaintsLikeWholePath()
+{
+    QFETCH(QPainterPath, path);
+    QFETCH(QPen, pen);
+    QFETCH(qreal, reach);
+
+    const StrokePath stroke(path);
+    int compared = 0;
+    for (int y = -20; y < kSize.height(); y += 23) {
+        for (int x = -20; x < kSize.width(); x += 29) {
+            for (const QSize size : {QSize(9, 9), QSize(40, 25), QSize(120, 70)}) {
+                const QRect clip(QPoint(x, y), size);
+                const QPainterPath part = stroke.partNear(clip, reach);
+                const QImage whole = paint(path, pen, clip);
+                const QImage local = paint(part, pen, clip);
+                if (whole != local) {
+                    keepPicture(whole, "stroke-path-whole");
+                    keepPicture(local, "stroke-path-part");
+                    QFAIL(qPrintable(QString("pixels differ in %1,%2 %3x%4")
+                                         .arg(x)
+                                         .arg(y)
+                                         .arg(size.width())
+                                         .arg(size.height())));
+                }
+                ++compared;
+            }
+        }
+    }
+    QVERIFY(compared > 500);
+}
+
+void TestStrokePath::repeatedPointAddsNothing()
+{
+    StrokePath stroke;
+    stroke.moveTo(QPointF(10, 10));
+    QCOMPARE(stroke.lineTo(QPointF(30, 10)), QRectF(QPointF(10, 10), QPointF(30, 10)));
+    QVERIFY(stroke.lineTo(QPointF(30, 10)).isNull());
+    QCOMPARE(stroke.path().elementCount(), 2);
+}
+
+void TestStrokePath::partOfFarAreaIsEmpty()
+{
+    const StrokePath stroke(scribble());
+    QVERIFY(stroke.partNear(QRectF(1000, 1000, 10, 10), 20).isEmpty());
+    // A segment that only passes by the corner of the area is part of it, with two more of
+    // its polyline on either side.
+    StrokePath line;
+    line.moveTo(QPointF(0, 0));
+    for (int i = 1; i <= 30; ++i)
+        line.lineTo(QPointF(i * 40, (i % 2) * 3));
+    const QPainterPath part = line.partNear(QRectF(180, 10, 2, 2), 8);
+    QCOMPARE(part.elementCount(), 6);
+    QCOMPARE(QPointF(part.elementAt(0)), QPointF(80, 0));
+    QCOMPARE(QPointF(part.elementAt(5)), QPointF(280, 3));
+}
+
+void TestStrokePath::areaCoveringAllGivesWholePath()
+{
+    const QPainterPath path = scribble();
+    const StrokePath stroke(path);
+    QCOMPARE(stroke.partNear(QRectF(0, 0, 400, 300), 2), path);
+}
+
+void TestStrokePath::pathWithCurveIsAlwaysWhole()
+{
+    QPainterPath path(QPointF(0, 0));
+    path.lineTo(100, 0);
+    path.cubicTo(150, 0, 150, 100, 100, 100);
+    path.lineTo(0, 100);
+    StrokePath stroke(path);
+    stroke.lineTo(QPointF(0, 200));
+    QCOMPARE(stroke.partNear(QRectF(0, 190, 5, 5), 2), stroke.path());
+}
+
+void TestStrokePath::boundsFollowPoints()
+{
+    StrokePath stroke;
+    stroke.moveTo(QPointF(50, 60));
+    QCOMPARE(stroke.pointBounds(), QRectF(50, 60, 0, 0));
+    stroke.lineTo(QPointF(10, 90));
+    stroke.lineTo(QPointF(70, 80));
+    QCOMPARE(stroke.pointBounds(), QRectF(QPointF(10, 60), QPointF(70, 90)));
+}
+
+void TestStrokePath::roomToGrowAddsAnEighth()
+{
+    QCOMPARE(StrokePath::roomToGrow(QRectF(0, 0, 80, 16)), QRectF(-10, -2, 100, 20));
+}
+
+QTEST_MAIN(TestStrokePath)
+#include "test-stroke-path.moc"
