@@ -6,13 +6,23 @@
 #include "canvas/item-visibility.h"
 
 #include <QGraphicsItem>
+#include <QGraphicsScene>
 
 ClearItem::ClearItem(DData* data) : m_data(data) {}
 
 ClearItem::~ClearItem() = default;
 
+void ClearItem::repaintAllOnce()
+{
+    // With the whole scene due for a repaint, the items that change visibility next add no
+    // areas of their own; thousands of them would otherwise be merged into one region.
+    if (QGraphicsScene* scene = m_data->scene())
+        scene->update();
+}
+
 void ClearItem::redo()
 {
+    repaintAllOnce();
     for (const ItemRecord& record : qAsConst(m_data->records())) {
         record.item->setVisible(false);
         detachHandlesFrom(record.item);
@@ -21,6 +31,7 @@ void ClearItem::redo()
 
 void ClearItem::undo()
 {
+    repaintAllOnce();
     for (const ItemRecord& record : qAsConst(m_data->records()))
         record.item->setVisible(true);
 }

@@ -16,5 +16,7 @@ public:
     void redo() override;
 
 private:
+    void repaintAllOnce();
+
     DData* m_data;
 };
