@@ -27,6 +27,30 @@ bool touches(const QRectF& segment, const QRectF& area)
            segment.top() <= area.bottom() && segment.bottom() >= area.top();
 }
 
+// Whether the segment from a to b passes through area (Liang-Barsky clipping). A long
+// diagonal whose bounds cover the area may still pass far from it.
+bool crosses(const QPointF& a, const QPointF& b, const QRectF& area)
+{
+    const qreal dx = b.x() - a.x();
+    const qreal dy = b.y() - a.y();
+    const qreal p[4] = {-dx, dx, -dy, dy};
+    const qreal q[4] = {a.x() - area.left(), area.right() - a.x(), a.y() - area.top(),
+                        area.bottom() - a.y()};
+    qreal enter = 0;
+    qreal leave = 1;
+    for (int i = 0; i < 4; ++i) {
+        if (p[i] == 0) {
+            if (q[i] < 0)
+                return false;
+        } else if (p[i] < 0) {
+            enter = qMax(enter, q[i] / p[i]);
+        } else {
+            leave = qMin(leave, q[i] / p[i]);
+        }
+    }
+    return enter <= leave;
+}
+
 // QRectF::united ignores rectangles of no size, and the bounds of points often have none.
 QRectF withPoint(const QRectF& bounds, const QPointF& p)
 {
@@ -114,6 +138,12 @@ void StrokePath::index(int element)
     ++m_segments;
 }
 
+bool StrokePath::nearArea(int element, const QRectF& area) const
+{
+    return touches(segmentRect(element), area) &&
+           crosses(pointAt(element - 1), pointAt(element), area);
+}
+
 QRectF StrokePath::roomToGrow(const QRectF& tight)
 {
     const qreal dx = tight.width() / 8;
@@ -132,8 +162,7 @@ QPainterPath StrokePath::partNear(const QRectF& rect, qreal reach) const
                          (cellOf(area.bottom()) - cellOf(area.top()) + 1);
     if (cells > m_segments) {
         for (int i = 1; i < m_path.elementCount(); ++i) {
-            if (m_path.elementAt(i).type == QPainterPath::LineToElement &&
-                touches(segmentRect(i), area))
+            if (m_path.elementAt(i).type == QPainterPath::LineToElement && nearArea(i, area))
                 hits.append(i);
         }
     } else {
@@ -143,7 +172,7 @@ QPainterPath StrokePath::partNear(const QRectF& rect, qreal reach) const
                 if (found == m_cells.constEnd())
                     continue;
                 for (int element : *found) {
-                    if (touches(segmentRect(element), area))
+                    if (nearArea(element, area))
                         hits.append(element);
                 }
             }

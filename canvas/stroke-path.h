@@ -39,6 +39,8 @@ private:
     void index(int element);
     QRectF segmentRect(int element) const;
     QPointF pointAt(int element) const;
+    // Whether the segment ending at element passes through area.
+    bool nearArea(int element, const QRectF& area) const;
     // A subpath whose last point is its first is stroked with a join there, not two ends.
     bool closesSubpath(int element) const;
 

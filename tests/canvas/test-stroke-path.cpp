@@ -15,6 +15,7 @@ private slots:
     void partPaintsLikeWholePath();
     void repeatedPointAddsNothing();
     void partOfFarAreaIsEmpty();
+    void diagonalPassingByIsLeftOut();
     void areaCoveringAllGivesWholePath();
     void pathWithCurveIsAlwaysWhole();
     void boundsFollowPoints();
@@ -160,6 +161,18 @@ void TestStrokePath::partOfFarAreaIsEmpty()
     QCOMPARE(part.elementCount(), 6);
     QCOMPARE(QPointF(part.elementAt(0)), QPointF(80, 0));
     QCOMPARE(QPointF(part.elementAt(5)), QPointF(280, 3));
+}
+
+void TestStrokePath::diagonalPassingByIsLeftOut()
+{
+    StrokePath stroke;
+    stroke.moveTo(QPointF(0, 0));
+    stroke.lineTo(QPointF(1000, 1000));
+    stroke.lineTo(QPointF(1000, 990));
+    // Inside the diagonal's bounds, far from the diagonal itself.
+    QVERIFY(stroke.partNear(QRectF(800, 100, 10, 10), 5).isEmpty());
+    // Across it.
+    QCOMPARE(stroke.partNear(QRectF(495, 495, 10, 10), 5).elementCount(), 3);
 }
 
 void TestStrokePath::areaCoveringAllGivesWholePath()
