@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 pallo-board developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QDialog>
+
+// The thin strip left at a screen edge while the toolbar hides there. Resting the
+// mouse on it for 200 ms asks for the toolbar back.
+class EdgeHideDialog : public QDialog
+{
+    Q_OBJECT
+public:
+    explicit EdgeHideDialog(QWidget* parent = nullptr);
+
+    // 1 top, 2 bottom, 3 left, 4 right, 0 none.
+    void setSide(int side);
+    int side() const { return m_side; }
+    bool isHovering() const { return m_showTimerId != 0; }
+
+signals:
+    void sig_showCtrlBar();
+
+protected:
+    void timerEvent(QTimerEvent* event) override;
+    void enterEvent(QEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    int m_side = 0;
+    int m_showTimerId = 0;
+};
