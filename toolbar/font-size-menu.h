@@ -5,6 +5,7 @@
 #include <QMenu>
 
 class QButtonGroup;
+class QSettings;
 
 namespace Ui {
 class FontSizeMenu;
@@ -36,5 +37,6 @@ public slots:
 private:
     Ui::FontSizeMenu* ui;
     QButtonGroup* m_group;
+    QSettings* m_settings;
     int m_sizeType = 1;
 };

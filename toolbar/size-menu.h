@@ -5,6 +5,7 @@
 #include <QWidget>
 
 class QButtonGroup;
+class QSettings;
 
 namespace Ui {
 class SizeMenu;
@@ -33,4 +34,5 @@ public slots:
 private:
     Ui::SizeMenu* ui;
     QButtonGroup* m_group;
+    QSettings* m_settings;
 };
