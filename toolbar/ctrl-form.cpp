@@ -2,16 +2,624 @@
 // SPDX-License-Identifier: MIT
 #include "toolbar/ctrl-form.h"
 
+#include "app/board-settings.h"
+#include "app/scale-factor.h"
 #include "canvas/graphics-view.h"
+#include "toolbar/control-menu.h"
+#include "toolbar/edge-hide-dialog.h"
+#include "toolbar/font-size-menu.h"
+#include "toolbar/layout-rotation.h"
+#include "toolbar/pen-menu.h"
+#include "toolbar/popup-menu-wdiget.h"
+#include "toolbar/size-menu.h"
+#include "toolbar/toolbar-geometry.h"
+#include "toolbar/toolbar-styles.h"
+#include "ui_ctrl-form.h"
 
+#include <QAction>
 #include <QButtonGroup>
+#include <QDebug>
+#include <QGuiApplication>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QMouseEvent>
+#include <QScreen>
+#include <QSettings>
+#include <QTimer>
+
+using toolbar_geometry::MenuAnchor;
+
+namespace {
+const char* const penColorKey = "pen_color";
+constexpr int dockCheckMs = 500;
+constexpr int toolStartDelayMs = 200;
+// Width of the band along a checked pen or select button's left and top edges where
+// a press steps its menu instead of choosing the tool again.
+constexpr int stepBand = 18;
+
+QScreen* screenAtOrPrimary(const QPoint& p)
+{
+    QScreen* s = QGuiApplication::screenAt(p);
+    return s ? s : QGuiApplication::primaryScreen();
+}
+} // namespace
 
 CtrlForm::CtrlForm(QWidget* parent)
-    : QWidget(parent), m_figure_group(new QButtonGroup(this)),
-      m_view(new pallo::GraphicsView(true, nullptr))
+    : QWidget(parent), ui(new Ui::CtrlForm), m_figure_group(new QButtonGroup(this)),
+      m_color_group(new QButtonGroup(this)), m_settings(openBoardSettings(this)),
+      m_scale(screenScaleFactor())
 {
-    m_figure_group->setExclusive(true);
+    ui->setupUi(this);
+    scaleForScreen();
+    m_titleAction = new QAction(tr("CtrlForm.Text.Title"));
+    m_aboutAction = new QAction(tr("CtrlForm.Btn.AboutUs"));
+    m_versionAction = new QAction(tr("CtrlForm.Btn.VersionCheck"));
+
+    m_view = new pallo::GraphicsView(true, nullptr);
     m_view->attachCtrlForm(this);
+    installEventFilter(m_view);
+
+    ui->toolButton_pen->setText("brush");
+    ui->toolButton_drag->setText("drag");
+    ui->toolButton_rect->setText("rect");
+    ui->toolButton_line->setText("line");
+    ui->toolButton_ellipse->setText("ellipse");
+    ui->toolButton_text->setText("text");
+    ui->toolButton_arrow->setText("arrow");
+    ui->toolButton_erase->setText("erase");
+    ui->toolButton_choose->setText("choose");
+    ui->toolButton_drag->hide();
+
+    setWindowFlags(Qt::FramelessWindowHint);
+    setAttribute(Qt::WA_StyledBackground);
+
+    buildGroups();
+
+    const QList<QWidget*> pointing = {
+        ui->toolButton_clear,  ui->toolButton_ellipse, ui->toolButton_line,  ui->toolButton_pen,
+        ui->toolButton_rect,   ui->checkBox_black,     ui->checkBox_blue,    ui->checkBox_red,
+        ui->checkBox_white,    ui->checkBox_green,     ui->checkBox_yellow,  ui->toolButton_redo,
+        ui->toolButton_text,   ui->toolButton_undo,    ui->toolButton_arrow, ui->toolButton_erase,
+        ui->toolButton_choose, ui->toolButton_zoom,    ui->toolButton_size,  ui->toolButton_rotate,
+        ui->toolButton_folder, ui->toolButton_close};
+    for (QWidget* w : pointing) {
+        w->setFocusPolicy(Qt::NoFocus);
+        w->setCursor(Qt::PointingHandCursor);
+    }
+    for (QToolButton* b : {ui->toolButton_zoom, ui->toolButton_text, ui->toolButton_size,
+                           ui->toolButton_pen, ui->toolButton_choose})
+        b->installEventFilter(this);
+
+    buildMenus();
+    adjustSize();
+
+    // The canvas starts with the remembered text size.
+    QTimer::singleShot(0, this, [this] { emit sg_changeFontSize(m_fontSizeMenu->fontSize()); });
 }
 
-CtrlForm::~CtrlForm() = default;
+CtrlForm::~CtrlForm()
+{
+    delete m_titleAction;
+    delete m_aboutAction;
+    delete m_versionAction;
+    delete m_toolsMenu;
+    delete m_fontSizeMenu;
+    delete m_penMenu;
+    delete m_controlMenu;
+    delete ui;
+    // The view hosts this toolbar. A view being destroyed has already taken the toolbar
+    // out of its children; otherwise the toolbar goes first and takes the view along.
+    if (m_view && (parentWidget() != m_view || m_view->children().contains(this))) {
+        setParent(nullptr);
+        delete m_view;
+    }
+}
+
+void CtrlForm::scaleForScreen()
+{
+    for (QBoxLayout* box : {ui->horizontalLayout_2, ui->horizontalLayout, ui->horizontalLayout_4,
+                            ui->horizontalLayout_5})
+        box->setSpacing(scaled(box->spacing()));
+    ui->horizontalLayout->setContentsMargins(scaled(6), 0, 0, 0);
+    ui->gridLayout->setHorizontalSpacing(scaled(ui->gridLayout->horizontalSpacing()));
+    for (QWidget* sep :
+         {ui->widget_sp1, ui->widget_sp2, ui->widget_sp3, ui->widget_sp4, ui->widget_3}) {
+        sep->setMinimumSize(scaled(sep->minimumWidth()), scaled(sep->minimumHeight()));
+        sep->setMaximumSize(scaled(sep->maximumWidth()), scaled(sep->maximumHeight()));
+    }
+}
+
+void CtrlForm::buildGroups()
+{
+    m_figure_group->setExclusive(true);
+    m_figure_group->addButton(ui->toolButton_pen, 1);
+    m_figure_group->addButton(ui->toolButton_rect, 2);
+    m_figure_group->addButton(ui->toolButton_line, 3);
+    m_figure_group->addButton(ui->toolButton_ellipse, 4);
+    m_figure_group->addButton(ui->toolButton_text, 5);
+    m_figure_group->addButton(ui->toolButton_choose, 6);
+    m_figure_group->addButton(ui->toolButton_arrow, 7);
+    m_figure_group->addButton(ui->toolButton_erase, 8);
+    m_figure_group->addButton(ui->toolButton_drag, 9);
+    ui->toolButton_pen->setChecked(true);
+    connect(m_figure_group, qOverload<QAbstractButton*>(&QButtonGroup::buttonClicked), this,
+            &CtrlForm::slot_figure);
+
+    const QList<QPair<QAbstractButton*, const char*>> colours = {
+        {ui->checkBox_black, "#000000"}, {ui->checkBox_blue, "#0000ff"},
+        {ui->checkBox_red, "#ff0000"},   {ui->checkBox_white, "#ffffff"},
+        {ui->checkBox_green, "#4df013"}, {ui->checkBox_yellow, "#fff11d"}};
+    int id = 1;
+    for (const auto& c : colours) {
+        c.first->setText(c.second);
+        m_color_group->addButton(c.first, id++);
+    }
+    connect(m_color_group, qOverload<QAbstractButton*>(&QButtonGroup::buttonClicked), this,
+            &CtrlForm::slot_color);
+
+    QString colour = m_settings->value(penColorKey).toString();
+    if (!m_settings->contains(penColorKey)) {
+        colour = QStringLiteral("#ff0000");
+        m_settings->setValue(penColorKey, colour);
+    }
+    for (QAbstractButton* box : m_color_group->buttons()) {
+        if (box->text() == colour) {
+            box->click();
+            break;
+        }
+    }
+}
+
+void CtrlForm::buildMenus()
+{
+    m_toolsMenu = new PopupMenuWdiget;
+    ui->toolButton_zoom->setPopupMode(QToolButton::MenuButtonPopup);
+    ui->toolButton_zoom->setMenu(m_toolsMenu);
+    connect(m_toolsMenu, &QMenu::aboutToShow, this, &CtrlForm::toolmenuShow);
+    connect(m_toolsMenu, &PopupMenuWdiget::sg_buttonType, this, &CtrlForm::changeToolType);
+
+    m_sizeMenu = new SizeMenu(this);
+    connect(m_sizeMenu, &SizeMenu::sg_sizeChange, this, &CtrlForm::slot_width);
+
+    m_penMenu = new PenMenu;
+    connect(m_penMenu, &PenMenu::sg_penchange, this, &CtrlForm::slot_penchange);
+    ui->toolButton_pen->setPopupMode(QToolButton::MenuButtonPopup);
+    ui->toolButton_pen->setMenu(m_penMenu);
+    ui->toolButton_pen->setText("brush");
+    connect(m_penMenu, &QMenu::aboutToShow, this, &CtrlForm::penMenuShow);
+
+    m_controlMenu = new ControlMenu;
+    connect(m_controlMenu, &ControlMenu::sg_controlchange, this, &CtrlForm::slot_controlchange);
+    ui->toolButton_choose->setPopupMode(QToolButton::MenuButtonPopup);
+    ui->toolButton_choose->setMenu(m_controlMenu);
+    connect(m_controlMenu, &QMenu::aboutToShow, this, &CtrlForm::ControlMenuShow);
+
+    ui->toolButton_text->setPopupMode(QToolButton::MenuButtonPopup);
+    m_fontSizeMenu = new FontSizeMenu;
+    ui->toolButton_text->setMenu(m_fontSizeMenu);
+    connect(m_fontSizeMenu, &QMenu::aboutToShow, this, &CtrlForm::fontSizeMenuShow);
+    connect(m_fontSizeMenu, &FontSizeMenu::sg_fontSize, this, &CtrlForm::sg_changeFontSize);
+    connect(m_fontSizeMenu, &FontSizeMenu::sg_fontSize, this, &CtrlForm::clickTextButton);
+
+    // A menu popping up moves itself below its button after aboutToShow; the placement
+    // is applied again once it is on screen.
+    for (QWidget* menu :
+         {static_cast<QWidget*>(m_toolsMenu), static_cast<QWidget*>(m_penMenu),
+          static_cast<QWidget*>(m_controlMenu), static_cast<QWidget*>(m_fontSizeMenu)})
+        menu->installEventFilter(this);
+}
+
+pallo::GraphicsView* CtrlForm::canvasView() const
+{
+    return m_view;
+}
+
+EdgeHideDialog* CtrlForm::edgeStrip() const
+{
+    return m_strip;
+}
+
+int CtrlForm::scaled(int px) const
+{
+    return toolbar_geometry::scaled(px, m_scale);
+}
+
+void CtrlForm::enterChooseState()
+{
+    ui->toolButton_choose->click();
+    ui->toolButton_choose->setStyleSheet(toolbar_styles::chooseStyle("choose"));
+    ui->toolButton_choose->setChecked(true);
+}
+
+void CtrlForm::showCanvasFullScreen()
+{
+    if (m_view)
+        m_view->showFullScreen();
+}
+
+void CtrlForm::on_toolButton_undo_clicked()
+{
+    emit sg_undo();
+}
+
+void CtrlForm::on_toolButton_redo_clicked()
+{
+    emit sg_redo();
+}
+
+void CtrlForm::on_toolButton_clear_clicked()
+{
+    emit sg_clear();
+}
+
+void CtrlForm::on_toolButton_close_clicked()
+{
+    if (m_view)
+        m_view->hide();
+    hide();
+}
+
+void CtrlForm::ShowOrHide()
+{
+    if (isVisible()) {
+        if (m_view)
+            m_view->hide();
+        hide();
+        return;
+    }
+    if (m_view) {
+        m_view->show();
+        m_view->activateWindow();
+    }
+    show();
+}
+
+void CtrlForm::slot_command(QString cmd)
+{
+    const QJsonDocument doc = QJsonDocument::fromJson(cmd.toUtf8());
+    if (!doc.isObject() || doc.object().value("cmd").toString() != QLatin1String("show_hide"))
+        return;
+    if (isVisible()) {
+        if (m_view)
+            m_view->hide();
+        hide();
+    } else {
+        if (m_view)
+            m_view->show();
+        show();
+    }
+}
+
+void CtrlForm::slot_figure(QAbstractButton* btn)
+{
+    setFocus(Qt::OtherFocusReason);
+    const QString name = btn->text();
+    if (name == QLatin1String("choose")) {
+        emit sg_choose();
+        m_chooseMode = true;
+        return;
+    }
+    if (m_chooseMode) {
+        emit sg_test();
+        m_chooseMode = false;
+    }
+    emit sg_figure(name);
+}
+
+void CtrlForm::slot_color(QAbstractButton* btn)
+{
+    const QString colour = btn->text();
+    m_settings->setValue(penColorKey, colour);
+    emit sg_color(colour);
+}
+
+void CtrlForm::slot_width(int width)
+{
+    const QString css = toolbar_styles::sizeStyle(width);
+    if (!css.isNull())
+        ui->toolButton_size->setStyleSheet(css);
+    emit sg_width(width);
+}
+
+void CtrlForm::clickTextButton()
+{
+    ui->toolButton_text->click();
+}
+
+void CtrlForm::slot_penchange(QString name)
+{
+    const QString css = toolbar_styles::penStyle(name);
+    if (!css.isNull()) {
+        ui->toolButton_pen->setStyleSheet(css);
+        ui->toolButton_pen->setToolTip(tr(toolbar_styles::penTooltipKey(name)));
+    }
+    qDebug() << name;
+    ui->toolButton_pen->setChecked(true);
+    ui->toolButton_pen->setText(name);
+    slot_figure(ui->toolButton_pen);
+}
+
+void CtrlForm::slot_controlchange(QString name)
+{
+    const bool choose = name == QLatin1String("choose");
+    ui->toolButton_choose->setStyleSheet(toolbar_styles::chooseStyle(name));
+    ui->toolButton_choose->setToolTip(choose ? tr("CtrlForm.Btn.Select") : tr("CtrlForm.Btn.Drag"));
+    ui->toolButton_choose->setChecked(true);
+    ui->toolButton_choose->setText(name);
+    slot_figure(ui->toolButton_choose);
+}
+
+void CtrlForm::slot_screencutfin()
+{
+    qDebug() << " m_figure_group->button(6)->click();";
+    m_figure_group->button(6)->click();
+}
+
+void CtrlForm::changeToolType(int type)
+{
+    const QString css = toolbar_styles::zoomStyle(type);
+    if (!css.isNull()) {
+        ui->toolButton_zoom->setStyleSheet(css);
+        m_toolType = type;
+    }
+    QTimer::singleShot(toolStartDelayMs, this, &CtrlForm::on_toolButton_zoom_clicked);
+}
+
+void CtrlForm::on_toolButton_zoom_clicked()
+{
+    if (m_toolType == 2)
+        emit sg_timer();
+}
+
+void CtrlForm::on_toolButton_size_clicked()
+{
+    placeMenu(m_sizeMenu, ui->toolButton_size, QSize(90, 120), false);
+    m_sizeMenu->show();
+}
+
+void CtrlForm::placeMenu(QWidget* menu, QWidget* button, QSize size, bool beside)
+{
+    const QSize fixed(scaled(size.width()), scaled(size.height()));
+    menu->setFixedSize(fixed);
+    const QRect b(button->mapToGlobal(QPoint(0, 0)), button->size());
+    const MenuAnchor anchor = beside ? MenuAnchor::Beside : MenuAnchor::Centre;
+    const QPoint normal = toolbar_geometry::normalMenuPosition(anchor, b, fixed);
+    const int bottom = screenAtOrPrimary(normal)->geometry().bottom();
+    menu->move(toolbar_geometry::menuPosition(anchor, b, fixed, bottom));
+}
+
+void CtrlForm::toolmenuShow()
+{
+    placeMenu(m_toolsMenu, ui->toolButton_zoom, QSize(120, 140), false);
+}
+
+void CtrlForm::fontSizeMenuShow()
+{
+    placeMenu(m_fontSizeMenu, ui->toolButton_text, QSize(90, 120), false);
+}
+
+void CtrlForm::penMenuShow()
+{
+    placeMenu(m_penMenu, ui->toolButton_pen, QSize(48, 100), true);
+}
+
+void CtrlForm::ControlMenuShow()
+{
+    // Anchored on the pen button, like the pen menu, so both open at the same place.
+    placeMenu(m_controlMenu, ui->toolButton_pen, QSize(48, 100), true);
+}
+
+void CtrlForm::CircleEditMode()
+{
+    if (m_controlMenu)
+        m_controlMenu->slot_buttonClicked();
+}
+
+void CtrlForm::changefolderType(int type)
+{
+    const QString css = toolbar_styles::folderStyle(type, m_horizontal, ui->toolButton_pen->text(),
+                                                    ui->toolButton_choose->text());
+    if (!css.isNull())
+        ui->toolButton_folder->setStyleSheet(css);
+}
+
+void CtrlForm::on_toolButton_folder_clicked()
+{
+    if (!m_collapsed) {
+        m_savedSize = size();
+        ui->frame_iback->hide();
+        setFixedSize(ui->frame_folder->size());
+        m_collapsed = true;
+        changefolderType(m_figure_group->checkedId());
+    } else {
+        ui->frame_iback->show();
+        setFixedSize(m_savedSize);
+        m_collapsed = false;
+        changefolderType(0);
+    }
+    keepOnScreen(false);
+}
+
+void CtrlForm::on_toolButton_rotate_clicked()
+{
+    rotateWidgetLayout(this);
+    m_horizontal = !m_horizontal;
+    changefolderType(0);
+    // The turned layout wants the turned size.
+    layout()->activate();
+    const QSize wanted = sizeHint();
+    if (minimumSize() == maximumSize())
+        setFixedSize(wanted);
+    else
+        resize(wanted);
+    keepOnScreen(false);
+}
+
+QRect CtrlForm::globalFrame() const
+{
+    if (isWindow())
+        return frameGeometry();
+    return QRect(mapToGlobal(QPoint(0, 0)), size());
+}
+
+void CtrlForm::moveGlobalFrame(const QPoint& topLeft)
+{
+    if (isWindow())
+        move(topLeft);
+    else
+        move(parentWidget()->mapFromGlobal(topLeft));
+}
+
+void CtrlForm::keepOnScreen(bool flush)
+{
+    const QRect g = globalFrame();
+    QScreen* screen = QGuiApplication::primaryScreen();
+    if (QGuiApplication::screens().size() > 1)
+        screen = screenAtOrPrimary(flush ? g.center() : g.topLeft());
+    const QRect r =
+        toolbar_geometry::keepOnScreen(g, screen->geometry(), flush, m_scale, m_edgeDistance);
+    moveGlobalFrame(r.topLeft());
+}
+
+void CtrlForm::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton) {
+        const QRect g = globalFrame();
+        m_dragOffset = event->globalPos() - g.center();
+        m_dragging = true;
+        m_dragScreen = QGuiApplication::screens().indexOf(screenAtOrPrimary(g.center()));
+    }
+    QWidget::mousePressEvent(event);
+}
+
+void CtrlForm::mouseMoveEvent(QMouseEvent* event)
+{
+    if (m_dragging) {
+        QRect g = globalFrame();
+        g.moveCenter(event->globalPos() - m_dragOffset);
+        moveGlobalFrame(g.topLeft());
+    }
+    QWidget::mouseMoveEvent(event);
+}
+
+void CtrlForm::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (m_dragging && event->button() == Qt::LeftButton) {
+        m_dragging = false;
+        const QList<QScreen*> screens = QGuiApplication::screens();
+        QScreen* now = screenAtOrPrimary(globalFrame().center());
+        if (screens.size() > 1 && screens.indexOf(now) != m_dragScreen && m_view)
+            m_view->setGeometry(now->geometry());
+        keepOnScreen(true);
+    }
+    QWidget::mouseReleaseEvent(event);
+}
+
+bool CtrlForm::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Show) {
+        if (watched == m_toolsMenu)
+            toolmenuShow();
+        else if (watched == m_penMenu)
+            penMenuShow();
+        else if (watched == m_controlMenu)
+            ControlMenuShow();
+        else if (watched == m_fontSizeMenu)
+            fontSizeMenuShow();
+        return false;
+    }
+    if (event->type() != QEvent::MouseButtonPress)
+        return QWidget::eventFilter(watched, event);
+    auto* button = qobject_cast<QToolButton*>(watched);
+    const bool watchedButton =
+        button && (button == ui->toolButton_zoom || button == ui->toolButton_text ||
+                   button == ui->toolButton_size || button == ui->toolButton_pen ||
+                   button == ui->toolButton_choose);
+    if (!watchedButton)
+        return QWidget::eventFilter(watched, event);
+    return handleButtonPress(button, static_cast<QMouseEvent*>(event));
+}
+
+bool CtrlForm::handleButtonPress(QToolButton* button, QMouseEvent* event)
+{
+    if (event->button() == Qt::RightButton) {
+        if (button == ui->toolButton_size)
+            on_toolButton_size_clicked();
+        else
+            button->showMenu();
+        return true;
+    }
+    if (event->button() != Qt::LeftButton)
+        return false;
+    const bool pen = button == ui->toolButton_pen && m_penMenu;
+    const bool choose = button == ui->toolButton_choose && m_controlMenu;
+    if (!(pen || choose) || !button->isChecked())
+        return false;
+    const QRect inner = button->rect().adjusted(scaled(stepBand), scaled(stepBand), 0, 0);
+    if (inner.contains(event->pos()))
+        return false;
+    if (pen)
+        m_penMenu->slot_buttonClicked();
+    else
+        m_controlMenu->slot_buttonClicked();
+    return true;
+}
+
+void CtrlForm::enterEvent(QEvent* event)
+{
+    m_mouseInside = true;
+    if (m_hideTimerId != 0) {
+        killTimer(m_hideTimerId);
+        m_hideTimerId = 0;
+    }
+    QWidget::enterEvent(event);
+}
+
+void CtrlForm::leaveEvent(QEvent* event)
+{
+    m_mouseInside = false;
+    if (m_hideTimerId == 0)
+        m_hideTimerId = startTimer(dockCheckMs, Qt::CoarseTimer);
+    QWidget::leaveEvent(event);
+}
+
+bool CtrlForm::anyMenuVisible() const
+{
+    return m_toolsMenu->isVisible() || m_penMenu->isVisible() || m_controlMenu->isVisible() ||
+           m_fontSizeMenu->isVisible() || m_sizeMenu->isVisible();
+}
+
+void CtrlForm::timerEvent(QTimerEvent* event)
+{
+    if (event->timerId() != m_hideTimerId) {
+        QWidget::timerEvent(event);
+        return;
+    }
+    if (m_collapsed || m_mouseInside || anyMenuVisible() || !isVisible())
+        return;
+    dock();
+}
+
+void CtrlForm::dock()
+{
+    const QRect g = globalFrame();
+    const QRect s = screenAtOrPrimary(g.center())->geometry();
+    m_dockSide = toolbar_geometry::dockSide(g, s, m_horizontal, m_edgeDistance);
+    if (m_dockSide == toolbar_geometry::DockNone)
+        return;
+    const QRect strip = toolbar_geometry::stripRect(g, m_dockSide, m_scale, m_stripThickness);
+    if (!m_strip) {
+        m_strip = new EdgeHideDialog(this);
+        connect(m_strip, &EdgeHideDialog::sig_showCtrlBar, this, &CtrlForm::restoreFromStrip);
+    }
+    m_strip->setSide(m_dockSide);
+    m_strip->setGeometry(strip);
+    m_strip->show();
+    hide();
+}
+
+void CtrlForm::restoreFromStrip()
+{
+    m_strip->hide();
+    show();
+}
