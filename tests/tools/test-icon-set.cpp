@@ -7,12 +7,20 @@
 
 #include <QtTest>
 
+#include <QCheckBox>
+#include <QDirIterator>
 #include <QFont>
+#include <QHBoxLayout>
 #include <QImage>
 #include <QPainter>
+#include <QRegExp>
+#include <QRegularExpression>
 #include <QStringList>
+#include <QToolButton>
 
 namespace {
+
+const QColor accent("#1d92fd");
 
 const QStringList& cursorNames()
 {
@@ -21,9 +29,141 @@ const QStringList& cursorNames()
     return names;
 }
 
+// Resting picture and the picture shown under the pointer, pressed or chosen, for
+// every button of the toolbar, its folded button and its menus.
+const QList<QPair<QString, QString>>& statePairs()
+{
+    static const QList<QPair<QString, QString>> pairs{
+        {"pen", "pen_hover"},
+        {"pen_highlighter", "pen_highlighter_hover"},
+        {"pen_delay_erase", "pen_delay_erase_selected"},
+        {"choose_menu", "choose_hover_menu"},
+        {"drag_menu", "drag_hover_menu"},
+        {"tool_fangdajing_default_d", "tool_fangdajing_press_p"},
+        {"tool_time_default_d", "tool_time_press_p"},
+        {"tool_jieping_default_d", "tool_jieping_press_p"},
+        {"tool_cuxi_mini", "tool_cuxi_press"},
+        {"tool_cuxi_mid", "tool_cuxi_press"},
+        {"tool_cuxi_big", "tool_cuxi_press"},
+        {"tool_folder", "tool_folder_hover"},
+        {"tool_folder_up", "tool_folder_up_hover"},
+        {"pen_menu", "pen_menu_hover"},
+        {"pen_highlighter_menu", "pen_highlighter_menu_hover"},
+        {"rect", "rect_hover"},
+        {"line", "line_hover"},
+        {"ellipse", "ellipse_hover"},
+        {"text_folder", "text_folder_hover"},
+        {"choose", "choose_hover"},
+        {"tool_drag", "tool_drag_hover"},
+        {"tool_arrow_default", "tool_arrow_hover"},
+        {"tool_erase_default", "tool_erase_hover"},
+        {"tool_menu_magnifier", "tool_menu_magnifier_hover"},
+        {"tool_menu_timer", "tool_menu_timer_hover"},
+        {"tool_menu_cut", "tool_menu_cut_hover"},
+        {"text", "text_hover"},
+        {"undo", "undo_hover"},
+        {"redo", "redo_hover"},
+        {"clear", "clear_hover"},
+        {"tool_rotate", "tool_rotate_hover"},
+        {"tool_close", "tool_close_hover"},
+        {"delay_erase_menu", "delay_erase_menu_hover"},
+        {"size_small", "size_small_hover"},
+        {"size_mid", "size_mid_hover"},
+        {"size_big", "size_big_hover"},
+        {"color_black", "color_black_checked"},
+        {"color_blue", "color_blue_checked"},
+        {"color_red", "color_red_checked"},
+        {"color_white", "color_white_checked"},
+        {"color_green", "color_green_checked"},
+        {"color_yellow", "color_yellow_checked"},
+    };
+    return pairs;
+}
+
+// Pixels as stored: a file named "@2x" would otherwise be read as a high-DPI picture
+// and drawn at half its size.
 QImage loadImage(const QString& name, bool twice)
 {
-    return QImage(QStringLiteral(":/images/%1%2.png").arg(name, twice ? "@2x" : ""));
+    QImage image = QImage(QStringLiteral(":/images/%1%2.png").arg(name, twice ? "@2x" : ""))
+                       .convertToFormat(QImage::Format_ARGB32);
+    image.setDevicePixelRatio(1.0);
+    return image;
+}
+
+QString readStyleSheet()
+{
+    QFile file(":/images/qss.css");
+    if (!file.open(QIODevice::ReadOnly))
+        return QString();
+    return QString::fromUtf8(file.readAll());
+}
+
+// The same widening of "Npx;" values that the board applies on a dense screen.
+QString scaledStyleSheet(QString text, double factor)
+{
+    QRegExp number("(\\d+)px;");
+    int at = 0;
+    while ((at = number.indexIn(text, at)) != -1) {
+        const QString bigger = QString::number(number.cap(1).toInt() * factor, 'g', 6) + "px;";
+        text.replace(at, number.matchedLength(), bigger);
+        at += bigger.size();
+    }
+    return text;
+}
+
+bool isAccent(QRgb pixel)
+{
+    if (qAlpha(pixel) < 200)
+        return false;
+    const QColor colour = QColor::fromRgba(pixel);
+    return qAbs(colour.hslHue() - accent.hslHue()) <= 10 && colour.hsvSaturation() > 150 &&
+           colour.value() > 150;
+}
+
+// Anything bluish and saturated, even faint or blended into the edge of a stroke.
+bool isAccentTinted(QRgb pixel)
+{
+    if (qAlpha(pixel) < 60)
+        return false;
+    const QColor colour = QColor::fromRgba(pixel);
+    return qAbs(colour.hslHue() - accent.hslHue()) <= 20 && colour.hsvSaturation() > 100;
+}
+
+int countPixels(const QImage& image, bool (*test)(QRgb))
+{
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (test(image.pixel(x, y)))
+                ++count;
+    return count;
+}
+
+// Compares what a widget shows with a picture at the spot where it should appear:
+// every fully opaque pixel of the picture must be on screen with the same colour.
+int mismatches(const QImage& shown, const QImage& picture, const QPoint& at)
+{
+    int wrong = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            const QRgb want = picture.pixel(x, y);
+            if (qAlpha(want) != 255)
+                continue;
+            const QRgb got = shown.pixel(at + QPoint(x, y));
+            if (qAbs(qRed(got) - qRed(want)) > 2 || qAbs(qGreen(got) - qGreen(want)) > 2 ||
+                qAbs(qBlue(got) - qBlue(want)) > 2)
+                ++wrong;
+        }
+    }
+    return wrong;
+}
+
+QStringList parseWarnings;
+
+void catchParseWarnings(QtMsgType type, const QMessageLogContext&, const QString& message)
+{
+    if (type == QtWarningMsg && message.contains("Could not parse"))
+        parseWarnings << message;
 }
 
 QString outputFolder()
@@ -32,21 +172,55 @@ QString outputFolder()
     return dir.isEmpty() ? QDir::tempPath() : QString::fromLocal8Bit(dir);
 }
 
-// Draws every picture of a group at 1x and 2x on a light and on a dark tile, so that
-// both the look on the toolbar and the halo of the cursors can be judged.
-void drawSheetRow(QPainter& painter, int top, const QString& name)
+struct SheetSection
 {
-    const QImage small = loadImage(name, false);
-    const QImage large = loadImage(name, true);
-    painter.fillRect(QRect(0, top, 560, 150), QColor("#ffffff"));
-    painter.fillRect(QRect(280, top, 280, 150), QColor("#2b2f36"));
-    painter.setPen(QColor("#808ea0"));
-    painter.drawText(QRect(8, top + 128, 264, 20), Qt::AlignLeft, name);
-    for (int dark = 0; dark < 2; ++dark) {
-        const int left = 8 + dark * 280;
-        painter.drawImage(QPoint(left, top + 8 + (128 - small.height()) / 2), small);
-        painter.drawImage(QPoint(left + 80, top + 8 + (128 - large.height()) / 2), large);
+    QString title;
+    QStringList names;
+    bool dark;
+};
+
+// One cell per picture: the 2x picture, the 1x picture beside it, and the name.
+QImage drawSheet(const QList<SheetSection>& sections)
+{
+    const int columns = 8;
+    const int cellWidth = 200;
+    const int cellHeight = 170;
+    const int titleHeight = 36;
+    int height = 0;
+    for (const SheetSection& section : sections)
+        height += titleHeight + cellHeight * ((section.names.size() + columns - 1) / columns);
+    QImage sheet(columns * cellWidth, height, QImage::Format_ARGB32);
+    sheet.fill(QColor("#f3f5f8"));
+    QPainter painter(&sheet);
+    QFont font = painter.font();
+    font.setPixelSize(12);
+    int top = 0;
+    for (const SheetSection& section : sections) {
+        font.setBold(true);
+        painter.setFont(font);
+        painter.setPen(QColor("#3c4350"));
+        painter.drawText(QRect(12, top, sheet.width() - 24, titleHeight), Qt::AlignVCenter,
+                         section.title);
+        top += titleHeight;
+        font.setBold(false);
+        painter.setFont(font);
+        for (int i = 0; i < section.names.size(); ++i) {
+            const QRect cell((i % columns) * cellWidth + 6, top + (i / columns) * cellHeight + 6,
+                             cellWidth - 12, cellHeight - 12);
+            painter.fillRect(cell, section.dark ? QColor("#2b2f36") : QColor("#ffffff"));
+            const QImage small = loadImage(section.names.at(i), false);
+            const QImage large = loadImage(section.names.at(i), true);
+            const int middle = cell.top() + (cell.height() - 22) / 2;
+            painter.drawImage(QPoint(cell.left() + 8, middle - large.height() / 2), large);
+            painter.drawImage(QPoint(cell.right() - 8 - small.width(), middle - small.height() / 2),
+                              small);
+            painter.setPen(section.dark ? QColor("#c5cad3") : QColor("#808ea0"));
+            painter.drawText(QRect(cell.left() + 6, cell.bottom() - 22, cell.width() - 12, 20),
+                             Qt::AlignLeft | Qt::AlignVCenter, section.names.at(i));
+        }
+        top += cellHeight * ((section.names.size() + columns - 1) / columns);
     }
+    return sheet;
 }
 
 } // namespace
@@ -57,12 +231,27 @@ class TestIconSet : public QObject
 
 private slots:
     void initTestCase();
+    void boardImageExists_data();
+    void boardImageExists();
+    void everyPictureHasATwiceAsLargeTwin();
     void cursorExistsAtBothScales_data();
     void cursorExistsAtBothScales();
     void cursorHotSpotIsOnTheTip_data();
     void cursorHotSpotIsOnTheTip();
     void scaleCursorsRunAlongOppositeDiagonals();
-    void writeCursorSheet();
+    void buttonPicturesSitOnTheGrid_data();
+    void buttonPicturesSitOnTheGrid();
+    void activePictureIsAccentAndRestingIsNot_data();
+    void activePictureIsAccentAndRestingIsNot();
+    void styleSheetNamesOnlyExistingPictures();
+    void styleSheetParses_data();
+    void styleSheetParses();
+    void toolButtonShowsItsPictures_data();
+    void toolButtonShowsItsPictures();
+    void colourBoxIsARoundSwatch_data();
+    void colourBoxIsARoundSwatch();
+    void writeContactSheet();
+    void cleanup();
 };
 
 void TestIconSet::initTestCase()
@@ -71,6 +260,111 @@ void TestIconSet::initTestCase()
     // here also keeps the linker from dropping the library.
     Q_INIT_RESOURCE(pallo_resources);
     QVERIFY(QFile::exists(":/images/pencil.png"));
+}
+
+void TestIconSet::cleanup()
+{
+    qApp->setStyleSheet(QString());
+    qInstallMessageHandler(nullptr);
+    parseWarnings.clear();
+}
+
+void TestIconSet::boardImageExists_data()
+{
+    QTest::addColumn<QString>("name");
+    // Every picture the canvas, the handles, the toolbar and its menus ask for by name.
+    const QStringList names{
+        "pencil",
+        "highlight",
+        "delay_erase",
+        "erase",
+        "move",
+        "scale",
+        "scale2",
+        "rotate",
+        "pen",
+        "pen_hover",
+        "pen_highlighter",
+        "pen_highlighter_hover",
+        "pen_delay_erase",
+        "pen_delay_erase_selected",
+        "choose_menu",
+        "choose_hover_menu",
+        "drag_menu",
+        "drag_hover_menu",
+        "tool_fangdajing_default_d",
+        "tool_fangdajing_press_p",
+        "tool_time_default_d",
+        "tool_time_press_p",
+        "tool_jieping_default_d",
+        "tool_jieping_press_p",
+        "tool_cuxi_mini",
+        "tool_cuxi_mid",
+        "tool_cuxi_big",
+        "tool_cuxi_press",
+        "tool_folder",
+        "tool_folder_hover",
+        "tool_folder_up",
+        "tool_folder_up_hover",
+        "pen_menu",
+        "pen_menu_hover",
+        "pen_highlighter_menu",
+        "pen_highlighter_menu_hover",
+        "rect",
+        "rect_hover",
+        "line",
+        "line_hover",
+        "ellipse",
+        "ellipse_hover",
+        "text_folder",
+        "text_folder_hover",
+        "choose",
+        "choose_hover",
+        "tool_drag",
+        "tool_drag_hover",
+        "tool_arrow_default",
+        "tool_arrow_hover",
+        "tool_erase_default",
+        "tool_erase_hover",
+        "tool_menu_magnifier",
+        "tool_menu_magnifier_hover",
+        "tool_menu_timer",
+        "tool_menu_timer_hover",
+        "tool_menu_cut",
+        "tool_menu_cut_hover",
+    };
+    for (const QString& name : names)
+        QTest::newRow(qPrintable(name)) << name;
+}
+
+void TestIconSet::boardImageExists()
+{
+    QFETCH(QString, name);
+    const QImage small = loadImage(name, false);
+    const QImage large = loadImage(name, true);
+    QVERIFY2(!small.isNull(), qPrintable(name));
+    QVERIFY2(!large.isNull(), qPrintable(name + "@2x"));
+    QCOMPARE(large.size(), small.size() * 2);
+    QVERIFY2(countPixels(small, [](QRgb p) { return qAlpha(p) == 255; }) > 10,
+             qPrintable(name + " is empty"));
+}
+
+void TestIconSet::everyPictureHasATwiceAsLargeTwin()
+{
+    int checked = 0;
+    QDirIterator pictures(":/images", {"*.png"});
+    while (pictures.hasNext()) {
+        const QString path = pictures.next();
+        if (path.endsWith("@2x.png"))
+            continue;
+        const QString twin = path.chopped(4) + "@2x.png";
+        const QImage small(path);
+        const QImage large(twin);
+        QVERIFY2(!large.isNull(), qPrintable(twin));
+        QCOMPARE(large.size(), small.size() * 2);
+        ++checked;
+    }
+    QVERIFY(checked >= statePairs().size());
 }
 
 void TestIconSet::cursorExistsAtBothScales_data()
@@ -107,13 +401,12 @@ void TestIconSet::cursorHotSpotIsOnTheTip_data()
 }
 
 // The board puts every cursor's hot spot on the image centre, so the drawn tip (or
-// the centre mark) has to cover the centre, and the picture must not be centred
-// around an empty middle by accident.
+// the centre mark) has to cover the centre.
 void TestIconSet::cursorHotSpotIsOnTheTip()
 {
     QFETCH(QString, name);
     for (bool twice : {false, true}) {
-        const QImage image = loadImage(name, twice).convertToFormat(QImage::Format_ARGB32);
+        const QImage image = loadImage(name, twice);
         const QPoint centre(image.width() / 2, image.height() / 2);
         int opaque = 0;
         for (int dy = -1; dy <= 0; ++dy)
@@ -128,8 +421,8 @@ void TestIconSet::cursorHotSpotIsOnTheTip()
 
 void TestIconSet::scaleCursorsRunAlongOppositeDiagonals()
 {
-    const QImage scale = loadImage("scale", false).convertToFormat(QImage::Format_ARGB32);
-    const QImage scale2 = loadImage("scale2", false).convertToFormat(QImage::Format_ARGB32);
+    const QImage scale = loadImage("scale", false);
+    const QImage scale2 = loadImage("scale2", false);
     const QPoint topLeft(7, 7);
     const QPoint topRight(24, 7);
     const QPoint bottomLeft(7, 24);
@@ -144,19 +437,282 @@ void TestIconSet::scaleCursorsRunAlongOppositeDiagonals()
     QCOMPARE(qAlpha(scale2.pixel(bottomRight)), 0);
 }
 
-void TestIconSet::writeCursorSheet()
+void TestIconSet::buttonPicturesSitOnTheGrid_data()
 {
-    const QStringList& names = cursorNames();
-    QImage sheet(560, 150 * names.size(), QImage::Format_ARGB32);
-    sheet.fill(Qt::white);
-    QPainter painter(&sheet);
-    for (int i = 0; i < names.size(); ++i)
-        drawSheetRow(painter, 150 * i, names.at(i));
-    painter.end();
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QSize>("size");
+    for (const auto& pair : statePairs()) {
+        QSize size(32, 32);
+        if (pair.first.startsWith("size_"))
+            size = QSize(56, 28);
+        else if (pair.first.startsWith("color_"))
+            size = QSize(20, 20);
+        QTest::newRow(qPrintable(pair.first)) << pair.first << size;
+        QTest::newRow(qPrintable(pair.second)) << pair.second << size;
+    }
+}
+
+void TestIconSet::buttonPicturesSitOnTheGrid()
+{
+    QFETCH(QString, name);
+    QFETCH(QSize, size);
+    QCOMPARE(loadImage(name, false).size(), size);
+    QCOMPARE(loadImage(name, true).size(), size * 2);
+}
+
+void TestIconSet::activePictureIsAccentAndRestingIsNot_data()
+{
+    QTest::addColumn<QString>("resting");
+    QTest::addColumn<QString>("active");
+    for (const auto& pair : statePairs())
+        QTest::newRow(qPrintable(pair.second)) << pair.first << pair.second;
+}
+
+void TestIconSet::activePictureIsAccentAndRestingIsNot()
+{
+    QFETCH(QString, resting);
+    QFETCH(QString, active);
+    for (bool twice : {false, true}) {
+        const QImage rest = loadImage(resting, twice);
+        const QImage lit = loadImage(active, twice);
+        QVERIFY(rest != lit);
+        QVERIFY2(countPixels(lit, isAccent) >= (twice ? 40 : 10), qPrintable(active));
+        QVERIFY2(countPixels(rest, isAccentTinted) == 0, qPrintable(resting));
+    }
+}
+
+void TestIconSet::styleSheetNamesOnlyExistingPictures()
+{
+    const QString sheet = readStyleSheet();
+    QVERIFY(!sheet.isEmpty());
+    QRegularExpression url("url\\((:/[^)]+)\\)");
+    int found = 0;
+    auto match = url.globalMatch(sheet);
+    while (match.hasNext()) {
+        const QString path = match.next().captured(1);
+        QVERIFY2(!QImage(path).isNull(), qPrintable(path));
+        ++found;
+    }
+    QVERIFY(found > 40);
+}
+
+void TestIconSet::styleSheetParses_data()
+{
+    QTest::addColumn<double>("factor");
+    QTest::newRow("96 dpi") << 1.0;
+    QTest::newRow("120 dpi") << 1.25;
+    QTest::newRow("144 dpi") << 1.5;
+}
+
+void TestIconSet::styleSheetParses()
+{
+    QFETCH(double, factor);
+    const QString sheet = scaledStyleSheet(readStyleSheet(), factor);
+    qInstallMessageHandler(catchParseWarnings);
+    qApp->setStyleSheet(sheet);
+    QToolButton button;
+    button.setObjectName("toolButton_rect");
+    button.setStyleSheet(sheet);
+    button.ensurePolished();
+    button.grab();
+    qInstallMessageHandler(nullptr);
+    QVERIFY2(parseWarnings.isEmpty(), qPrintable(parseWarnings.join('\n')));
+}
+
+void TestIconSet::toolButtonShowsItsPictures_data()
+{
+    QTest::addColumn<QString>("objectName");
+    QTest::addColumn<QString>("resting");
+    QTest::addColumn<QString>("active");
+    QTest::addColumn<bool>("checkable");
+    QTest::newRow("select") << "toolButton_choose"
+                            << "choose_menu"
+                            << "choose_hover_menu" << true;
+    QTest::newRow("pen") << "toolButton_pen"
+                         << "pen"
+                         << "pen_hover" << true;
+    QTest::newRow("rect") << "toolButton_rect"
+                          << "rect"
+                          << "rect_hover" << true;
+    QTest::newRow("line") << "toolButton_line"
+                          << "line"
+                          << "line_hover" << true;
+    QTest::newRow("ellipse") << "toolButton_ellipse"
+                             << "ellipse"
+                             << "ellipse_hover" << true;
+    QTest::newRow("arrow") << "toolButton_arrow"
+                           << "tool_arrow_default"
+                           << "tool_arrow_hover" << true;
+    QTest::newRow("text") << "toolButton_text"
+                          << "text"
+                          << "text_hover" << true;
+    QTest::newRow("eraser") << "toolButton_erase"
+                            << "tool_erase_default"
+                            << "tool_erase_hover" << true;
+    QTest::newRow("size") << "toolButton_size"
+                          << "tool_cuxi_mid"
+                          << "tool_cuxi_press" << false;
+    QTest::newRow("undo") << "toolButton_undo"
+                          << "undo"
+                          << "undo_hover" << false;
+    QTest::newRow("redo") << "toolButton_redo"
+                          << "redo"
+                          << "redo_hover" << false;
+    QTest::newRow("clear") << "toolButton_clear"
+                           << "clear"
+                           << "clear_hover" << false;
+    QTest::newRow("tools") << "toolButton_zoom"
+                           << "tool_fangdajing_default_d"
+                           << "tool_fangdajing_press_p" << false;
+    QTest::newRow("rotate") << "toolButton_rotate"
+                            << "tool_rotate"
+                            << "tool_rotate_hover" << false;
+    QTest::newRow("close") << "toolButton_close"
+                           << "tool_close"
+                           << "tool_close_hover" << false;
+    QTest::newRow("fold") << "toolButton_folder"
+                          << "tool_folder"
+                          << "tool_folder_hover" << false;
+    QTest::newRow("menu pen") << "toolButton_brush"
+                              << "pen_menu"
+                              << "pen_menu_hover" << true;
+    QTest::newRow("menu highlighter") << "toolButton_highlighter"
+                                      << "pen_highlighter_menu"
+                                      << "pen_highlighter_menu_hover" << true;
+    QTest::newRow("menu vanishing pen") << "toolButton_delay_erase"
+                                        << "delay_erase_menu"
+                                        << "delay_erase_menu_hover" << true;
+    QTest::newRow("menu select") << "toolButton_C_choose"
+                                 << "choose"
+                                 << "choose_hover" << true;
+    QTest::newRow("menu transform") << "toolButton_C_drag"
+                                    << "tool_drag"
+                                    << "tool_drag_hover" << true;
+}
+
+// A button styled only by the application stylesheet shows its resting picture at
+// 1:1 inside its margin, its caption stays invisible, and pressing (or checking)
+// it shows the accent picture.
+void TestIconSet::toolButtonShowsItsPictures()
+{
+    QFETCH(QString, objectName);
+    QFETCH(QString, resting);
+    QFETCH(QString, active);
+    QFETCH(bool, checkable);
+    qApp->setStyleSheet(readStyleSheet());
+    QWidget window;
+    window.setStyleSheet("QWidget#window { background: #ffffff; }");
+    window.setObjectName("window");
+    auto* layout = new QHBoxLayout(&window);
+    layout->setContentsMargins(0, 0, 0, 0);
+    auto* button = new QToolButton(&window);
+    button->setObjectName(objectName);
+    button->setText("brush");
+    button->setCheckable(checkable);
+    if (objectName == "toolButton_pen" || objectName == "toolButton_choose")
+        button->setPopupMode(QToolButton::MenuButtonPopup);
+    layout->addWidget(button);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+
+    const bool toolbar = !objectName.contains("_brush") && !objectName.contains("_highlighter") &&
+                         !objectName.contains("_delay_erase") && !objectName.contains("_C_");
+    const int margin = toolbar ? 4 : 0;
+    QCOMPARE(button->size(), QSize(32 + 2 * margin, 32 + 2 * margin));
+    QImage shown = window.grab(button->geometry()).toImage().convertToFormat(QImage::Format_ARGB32);
+    QCOMPARE(mismatches(shown, loadImage(resting, false), QPoint(margin, margin)), 0);
+    QCOMPARE(countPixels(shown, isAccentTinted), 0);
+
+    if (checkable)
+        button->setChecked(true);
+    else
+        button->setDown(true);
+    shown = window.grab(button->geometry()).toImage().convertToFormat(QImage::Format_ARGB32);
+    QCOMPARE(mismatches(shown, loadImage(active, false), QPoint(margin, margin)), 0);
+    QVERIFY(countPixels(shown, isAccent) > 10);
+}
+
+void TestIconSet::colourBoxIsARoundSwatch_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("colour");
+    QTest::newRow("black") << "black"
+                           << "#000000";
+    QTest::newRow("blue") << "blue"
+                          << "#0000ff";
+    QTest::newRow("red") << "red"
+                         << "#ff0000";
+    QTest::newRow("white") << "white"
+                           << "#ffffff";
+    QTest::newRow("green") << "green"
+                           << "#4df013";
+    QTest::newRow("yellow") << "yellow"
+                            << "#fff11d";
+}
+
+// The box shows a dot of its colour and nothing of its caption; the chosen box gets
+// an accent ring around the dot; the white dot keeps a grey edge on a white toolbar.
+void TestIconSet::colourBoxIsARoundSwatch()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, colour);
+    qApp->setStyleSheet(readStyleSheet());
+    QWidget window;
+    window.setObjectName("window");
+    window.setStyleSheet("QWidget#window { background: #ffffff; }");
+    auto* layout = new QHBoxLayout(&window);
+    layout->setContentsMargins(0, 0, 0, 0);
+    auto* box = new QCheckBox(colour, &window);
+    box->setObjectName("checkBox_" + name);
+    layout->addWidget(box);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+
+    QCOMPARE(box->size(), QSize(20, 20));
+    QImage shown = window.grab(box->geometry()).toImage().convertToFormat(QImage::Format_ARGB32);
+    QCOMPARE(QColor(shown.pixel(10, 10)), QColor(colour));
+    QCOMPARE(QColor(shown.pixel(1, 10)), QColor("#ffffff"));
+    QCOMPARE(countPixels(shown, isAccentTinted), 0);
+    QCOMPARE(mismatches(shown, loadImage("color_" + name, false), QPoint(0, 0)), 0);
+    if (name == "white") {
+        const QColor edge(shown.pixel(10, 3));
+        QVERIFY2(edge.lightness() < 230, qPrintable(edge.name()));
+    }
+
+    box->setChecked(true);
+    shown = window.grab(box->geometry()).toImage().convertToFormat(QImage::Format_ARGB32);
+    QCOMPARE(QColor(shown.pixel(10, 10)), QColor(colour));
+    QVERIFY(isAccent(shown.pixel(1, 10)));
+    QVERIFY(isAccent(shown.pixel(10, 1)));
+    QCOMPARE(mismatches(shown, loadImage("color_" + name + "_checked", false), QPoint(0, 0)), 0);
+}
+
+void TestIconSet::writeContactSheet()
+{
+    QStringList resting;
+    QStringList active;
+    QStringList swatches;
+    for (const auto& pair : statePairs()) {
+        QStringList& list = pair.first.startsWith("color_") ? swatches : resting;
+        if (!list.contains(pair.first))
+            list << pair.first;
+        if (pair.first.startsWith("color_"))
+            swatches << pair.first + "_hover" << pair.second;
+        else if (!active.contains(pair.second))
+            active << pair.second;
+    }
+    const QList<SheetSection> sections{
+        {"Cursors on a light and on a dark desktop", cursorNames(), false},
+        {"", cursorNames(), true},
+        {"Toolbar and menus at rest", resting, false},
+        {"Under the pointer, pressed or chosen", active, false},
+        {"Colour boxes: at rest, under the pointer, chosen", swatches, false},
+    };
+    const QImage sheet = drawSheet(sections);
     QDir().mkpath(outputFolder());
-    const QString file = outputFolder() + "/cursor-sheet.png";
+    const QString file = outputFolder() + "/icon-sheet.png";
     QVERIFY(sheet.save(file));
-    QVERIFY(QFileInfo(file).size() > 0);
+    QCOMPARE(QImage(file).size(), sheet.size());
 }
 
 QTEST_MAIN(TestIconSet)
