@@ -1,0 +1,148 @@
+// SPDX-FileCopyrightText: 2026 pallo-board developers
+// SPDX-License-Identifier: MIT
+#include "app/board-app.h"
+
+#include "app/scale-factor.h"
+#include "app/style-sheet-loader.h"
+#include "bridge/bridge.h"
+#include "host/local-holder.h"
+#include "toolbar/ctrl-form.h"
+
+#include <QMetaObject>
+
+#include <string>
+
+namespace {
+
+// The process's own command line. On X11, Qt takes "--name VALUE" out of
+// QCoreApplication::arguments() for itself (it names the X resources), so that list
+// would make a board started with its pipe name alone look started without arguments.
+int argumentCount()
+{
+    bg::BridgeInterface* bridge = bg::GetBridge();
+    if (bridge == nullptr)
+        return QCoreApplication::arguments().size();
+    return static_cast<int>(bridge->arguments().size());
+}
+
+QString pipeNameOption()
+{
+    bg::BridgeInterface* bridge = bg::GetBridge();
+    if (bridge == nullptr)
+        return QString();
+    return QString::fromStdString(bridge->options().value("name", bg::Value("")).toStdString());
+}
+
+} // namespace
+
+BoardApp::BoardApp(int& argc, char* argv[]) : SingleApplicationWrapper(argc, argv)
+{
+    // Queued so that a secondary instance, which never runs the event loop, never
+    // touches the pipe or opens a window.
+    QMetaObject::invokeMethod(this, "Initialize", Qt::QueuedConnection);
+    connect(this, &SingleApplication::receivedMessage, this, &BoardApp::showToolbar);
+}
+
+BoardApp::~BoardApp()
+{
+    delete ctrlForm;
+    ctrlForm = nullptr;
+}
+
+double BoardApp::ScaleFactor()
+{
+    return screenScaleFactor();
+}
+
+void BoardApp::Initialize()
+{
+    if (argumentCount() < 2) {
+        QCoreApplication::exit(-1);
+        return;
+    }
+    const QString pipeName = pipeNameOption();
+    holder = new LocalHolder(this);
+    // A failed Connect leaves a broken client behind that reports a disconnection on
+    // the next poll; the disconnection is wired only after a successful Connect, so
+    // that report cannot turn this -1 into a clean exit.
+    if (!holder->Connect(pipeName)) {
+        QCoreApplication::exit(-1);
+        return;
+    }
+    connect(holder, &LocalHolder::HolderDisconnected, this, &BoardApp::OnHolderDisconnected);
+    connect(holder, &LocalHolder::ShowOrHideBoard, this, &BoardApp::ShowOrHideBoard);
+    connect(holder, &LocalHolder::OpenOrCloseZoom, this, &BoardApp::OpenOrCloseZoom);
+    connect(holder, &LocalHolder::OpenOrCloseShut, this, &BoardApp::OpenOrCloseShut);
+    connect(holder, &LocalHolder::OpenOrCloseTimer, this, &BoardApp::OpenOrCloseTimer);
+    connect(holder, &LocalHolder::BoardTrashCan, this, &BoardApp::BoardTrashCan);
+    connect(holder, &LocalHolder::HideBoard, this, &BoardApp::HideBoard);
+    connect(holder, &LocalHolder::CircleEditMode, this, &BoardApp::CircleEditMode);
+
+    ctrlForm = new CtrlForm;
+    ctrlForm->enterChooseState();
+    loadApplicationStyleSheet();
+    ctrlForm->showCanvasFullScreen();
+
+    // Host undo and redo travel the same road as the toolbar's own buttons.
+    connect(holder, &LocalHolder::BoardUndo, ctrlForm, &CtrlForm::sg_undo);
+    connect(holder, &LocalHolder::BoardRedo, ctrlForm, &CtrlForm::sg_redo);
+}
+
+void BoardApp::OnHolderDisconnected()
+{
+    QCoreApplication::exit(0);
+}
+
+void BoardApp::ShowOrHideBoard()
+{
+    if (ctrlForm)
+        ctrlForm->ShowOrHide();
+}
+
+// The magnifier and the screenshot tool are not built yet: the host hears nothing back,
+// so the board says in its log that it let the request go.
+void BoardApp::OpenOrCloseZoom()
+{
+    if (ctrlForm)
+        qInfo("zoom: this board has no magnifier yet; the request is ignored");
+}
+
+void BoardApp::OpenOrCloseShut()
+{
+    if (ctrlForm)
+        qInfo("shut: this board has no screenshot tool yet; the request is ignored");
+}
+
+void BoardApp::OpenOrCloseTimer()
+{
+    if (ctrlForm)
+        emit ctrlForm->sg_timer();
+}
+
+void BoardApp::BoardTrashCan()
+{
+    if (ctrlForm)
+        emit ctrlForm->sg_clear();
+}
+
+void BoardApp::HideBoard()
+{
+    if (ctrlForm && ctrlForm->isVisible())
+        ctrlForm->ShowOrHide();
+}
+
+void BoardApp::CircleEditMode()
+{
+    if (ctrlForm)
+        ctrlForm->CircleEditMode();
+}
+
+void BoardApp::showToolbar()
+{
+    if (!ctrlForm)
+        return;
+    if (ctrlForm->isMinimized())
+        ctrlForm->showNormal();
+    ctrlForm->show();
+    ctrlForm->activateWindow();
+}

@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 pallo-board developers
+// SPDX-License-Identifier: MIT
+#include "app/board-app.h"
+#include "app/font-fallback.h"
+#include "app/pallo-translator.h"
+#include "bridge/bridge.h"
+
+#include <QGuiApplication>
+#include <QTextCodec>
+
+#include <cstdlib>
+#include <memory>
+#include <string>
+
+int main(int argc, char* argv[])
+{
+    bg::InitBridge(argc, argv);
+    std::atexit(bg::UninitBridge);
+    bg::BridgeInterface* bridge = bg::GetBridge();
+
+    bridge->config().set("appVersion", bg::Value("1.0.2"));
+    bridge->config().set("appUpdateTime", bg::Value("2023.04.26"));
+
+    bg::Options& options = bridge->options();
+    options.add("name", 'n', "namepipe name", true, bg::Value(""));
+    options.add("language", 'l', "app language", false, bg::Value(""));
+    // The options service has already told the user what was wrong.
+    if (!options.parse(argc, argv))
+        return 0;
+
+    BoardApp app(argc, argv);
+    int result = 0;
+    if (app.isSecondary()) {
+        app.sendMessage("show", 100);
+    } else {
+        // The board lives until its host goes away, whatever happens to its windows.
+        QGuiApplication::setQuitOnLastWindowClosed(false);
+        installFontFallbacks();
+        const std::string language = options.value("language", bg::Value("")).toStdString();
+        auto translator = std::make_unique<PalloTranslator>(QString::fromLatin1(language.c_str()));
+        QCoreApplication::installTranslator(translator.get());
+        QTextCodec::setCodecForLocale(QTextCodec::codecForName("utf8"));
+        result = QApplication::exec();
+        translator.reset();
+    }
+    return result;
+}
