@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 pallo-board developers
+// SPDX-License-Identifier: MIT
+#include "tests/e2e/toolbar-layout.h"
+
+#include "app/pallo-translator.h"
+#include "app/style-sheet-loader.h"
+#include "toolbar/ctrl-form.h"
+
+#include <QCoreApplication>
+#include <QTest>
+#include <QToolButton>
+
+#include <memory>
+
+ToolbarLayout measureToolbarLayout()
+{
+    PalloTranslator translator(QStringLiteral("english"));
+    QCoreApplication::installTranslator(&translator);
+    loadApplicationStyleSheet();
+
+    ToolbarLayout layout;
+    std::unique_ptr<CtrlForm> form = std::make_unique<CtrlForm>();
+    form->enterChooseState();
+    form->show();
+    if (QTest::qWaitForWindowExposed(form.get())) {
+        auto* pen = form->findChild<QToolButton*>(QStringLiteral("toolButton_pen"));
+        layout.size = form->size();
+        if (pen != nullptr)
+            layout.penCentre = pen->mapTo(form.get(), pen->rect().center());
+    }
+    form.reset();
+    QCoreApplication::removeTranslator(&translator);
+    return layout;
+}

@@ -1,0 +1,17 @@
+// SPDX-FileCopyrightText: 2026 pallo-board developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QPoint>
+#include <QSize>
+
+// Where the pen button lies inside the board's toolbar window, measured on a toolbar
+// built in the test process the way the board builds its own: same stylesheet, same
+// language, same screen. The size lets a test check that the two really match.
+struct ToolbarLayout
+{
+    QSize size;
+    QPoint penCentre;
+};
+
+ToolbarLayout measureToolbarLayout();

@@ -1,0 +1,180 @@
+// SPDX-FileCopyrightText: 2026 pallo-board developers
+// SPDX-License-Identifier: MIT
+#include "tests/e2e/x11-probe.h"
+
+#include <QGuiApplication>
+#include <QPixmap>
+#include <QScreen>
+
+#include <X11/Xatom.h>
+#include <X11/Xlib.h>
+#include <X11/extensions/shape.h>
+
+#include <cstdlib>
+
+namespace {
+
+Display* dpy(void* display)
+{
+    return static_cast<Display*>(display);
+}
+
+qint64 windowPid(Display* display, ::Window window)
+{
+    const Atom pidAtom = XInternAtom(display, "_NET_WM_PID", False);
+    Atom type = None;
+    int format = 0;
+    unsigned long count = 0;
+    unsigned long after = 0;
+    unsigned char* data = nullptr;
+    qint64 pid = -1;
+    if (XGetWindowProperty(display, window, pidAtom, 0, 1, False, XA_CARDINAL, &type, &format,
+                           &count, &after, &data) == Success &&
+        data != nullptr) {
+        if (type == XA_CARDINAL && format == 32 && count == 1)
+            pid = static_cast<qint64>(*reinterpret_cast<unsigned long*>(data));
+        XFree(data);
+    }
+    return pid;
+}
+
+} // namespace
+
+X11Probe::X11Probe() : display_(XOpenDisplay(nullptr)) {}
+
+X11Probe::~X11Probe()
+{
+    if (display_ != nullptr)
+        XCloseDisplay(dpy(display_));
+}
+
+QList<X11Probe::Window> X11Probe::windowsOf(qint64 pid) const
+{
+    QList<Window> found;
+    Display* display = dpy(display_);
+    ::Window root = 0;
+    ::Window parent = 0;
+    ::Window* children = nullptr;
+    unsigned int count = 0;
+    if (!XQueryTree(display, DefaultRootWindow(display), &root, &parent, &children, &count))
+        return found;
+    for (unsigned int i = 0; i < count; ++i) {
+        if (windowPid(display, children[i]) != pid)
+            continue;
+        XWindowAttributes attributes;
+        if (!XGetWindowAttributes(display, children[i], &attributes))
+            continue;
+        Window window;
+        window.id = children[i];
+        window.geometry = QRect(attributes.x, attributes.y, attributes.width, attributes.height);
+        window.viewable = attributes.map_state == IsViewable;
+        found.append(window);
+    }
+    if (children != nullptr)
+        XFree(children);
+    return found;
+}
+
+QList<X11Probe::Window> X11Probe::viewableWindowsOf(qint64 pid) const
+{
+    QList<Window> viewable;
+    for (const Window& window : windowsOf(pid)) {
+        if (window.viewable)
+            viewable.append(window);
+    }
+    return viewable;
+}
+
+X11Probe::Window X11Probe::canvasOf(qint64 pid) const
+{
+    Display* display = dpy(display_);
+    const QSize screen(DisplayWidth(display, DefaultScreen(display)),
+                       DisplayHeight(display, DefaultScreen(display)));
+    for (const Window& window : viewableWindowsOf(pid)) {
+        if (window.geometry.size() == screen)
+            return window;
+    }
+    return Window();
+}
+
+X11Probe::Window X11Probe::toolbarOf(qint64 pid) const
+{
+    Display* display = dpy(display_);
+    const QSize screen(DisplayWidth(display, DefaultScreen(display)),
+                       DisplayHeight(display, DefaultScreen(display)));
+    for (const Window& window : viewableWindowsOf(pid)) {
+        if (window.geometry.width() < screen.width() && window.geometry.height() > 1)
+            return window;
+    }
+    return Window();
+}
+
+bool X11Probe::inputShapeEmpty(unsigned long window) const
+{
+    int count = 0;
+    int ordering = 0;
+    XRectangle* rectangles =
+        XShapeGetRectangles(dpy(display_), window, ShapeInput, &count, &ordering);
+    if (rectangles != nullptr)
+        XFree(rectangles);
+    return count == 0;
+}
+
+void X11Probe::requestClose(unsigned long window) const
+{
+    Display* display = dpy(display_);
+    XEvent event{};
+    event.xclient.type = ClientMessage;
+    event.xclient.window = window;
+    event.xclient.message_type = XInternAtom(display, "WM_PROTOCOLS", False);
+    event.xclient.format = 32;
+    event.xclient.data.l[0] = static_cast<long>(XInternAtom(display, "WM_DELETE_WINDOW", False));
+    event.xclient.data.l[1] = CurrentTime;
+    XSendEvent(display, window, False, NoEventMask, &event);
+    XFlush(display);
+}
+
+void X11Probe::startCountingMaps()
+{
+    Display* display = dpy(display_);
+    XSelectInput(display, DefaultRootWindow(display), SubstructureNotifyMask);
+    XSync(display, False);
+    XEvent event;
+    while (XPending(display) > 0)
+        XNextEvent(display, &event);
+    maps_ = 0;
+}
+
+int X11Probe::mapsCounted()
+{
+    Display* display = dpy(display_);
+    XSync(display, False);
+    XEvent event;
+    while (XPending(display) > 0) {
+        XNextEvent(display, &event);
+        if (event.type == MapNotify)
+            ++maps_;
+    }
+    return maps_;
+}
+
+QImage X11Probe::grabScreen() const
+{
+    QScreen* screen = QGuiApplication::primaryScreen();
+    return screen->grabWindow(0).toImage().convertToFormat(QImage::Format_RGB32);
+}
+
+int countReddish(const QImage& image)
+{
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        const QRgb* line = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+        for (int x = 0; x < image.width(); ++x) {
+            const QRgb pixel = line[x];
+            if (qRed(pixel) >= 180 && qRed(pixel) - qGreen(pixel) >= 100 &&
+                qRed(pixel) - qBlue(pixel) >= 100)
+                ++count;
+        }
+    }
+    return count;
+}

@@ -1,0 +1,17 @@
+// SPDX-FileCopyrightText: 2026 pallo-board developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QPoint>
+#include <QStringList>
+#include <QVector>
+
+// Real pointer input on the test's X display, through xdotool.
+namespace xdotool {
+
+bool run(const QStringList& arguments);
+bool click(const QPoint& at);
+// Presses the left button at the first point, moves through the others and releases.
+bool stroke(const QVector<QPoint>& points);
+
+} // namespace xdotool
