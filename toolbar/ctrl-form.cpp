@@ -233,8 +233,13 @@ void CtrlForm::enterChooseState()
 
 void CtrlForm::showCanvasFullScreen()
 {
-    if (m_view)
-        m_view->showFullScreen();
+    if (!m_view)
+        return;
+    // Without a window manager nothing acts on the full-screen request, so the view
+    // is given the screen's size as well.
+    if (QScreen* screen = QGuiApplication::primaryScreen())
+        m_view->setGeometry(screen->geometry());
+    m_view->showFullScreen();
 }
 
 void CtrlForm::on_toolButton_undo_clicked()
