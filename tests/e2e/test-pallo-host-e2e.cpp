@@ -72,7 +72,7 @@ void TestPalloHostE2e::hostStartsTheBoardAndClearsItsCanvas()
                              10000);
 
     const X11Probe::Window bar = probe.toolbarOf(board);
-    QCOMPARE(bar.geometry.size(), layout.size);
+    QCOMPARE(bar.geometry.height(), layout.size.height());
     QVERIFY(xdotool::click(bar.geometry.topLeft() + layout.penCentre));
     QTRY_VERIFY_WITH_TIMEOUT(!probe.inputShapeEmpty(probe.canvasOf(board).id), 5000);
     QVERIFY(xdotool::stroke({{300, 400}, {450, 460}, {600, 520}, {800, 600}}));

@@ -16,12 +16,13 @@ ToolbarLayout measureToolbarLayout()
 {
     PalloTranslator translator(QStringLiteral("english"));
     QCoreApplication::installTranslator(&translator);
-    loadApplicationStyleSheet();
 
+    // In the order the board starts its own.
     ToolbarLayout layout;
     std::unique_ptr<CtrlForm> form = std::make_unique<CtrlForm>();
     form->enterChooseState();
-    form->show();
+    loadApplicationStyleSheet();
+    form->showCanvasFullScreen();
     if (QTest::qWaitForWindowExposed(form.get())) {
         auto* pen = form->findChild<QToolButton*>(QStringLiteral("toolButton_pen"));
         layout.size = form->size();

@@ -7,7 +7,7 @@
 
 // Where the pen button lies inside the board's toolbar window, measured on a toolbar
 // built in the test process the way the board builds its own: same stylesheet, same
-// language, same screen. The size lets a test check that the two really match.
+// language, same screen, same order. The height lets a test check that the two match.
 struct ToolbarLayout
 {
     QSize size;
