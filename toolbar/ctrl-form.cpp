@@ -240,6 +240,9 @@ void CtrlForm::showCanvasFullScreen()
     if (QScreen* screen = QGuiApplication::primaryScreen())
         m_view->setGeometry(screen->geometry());
     m_view->showFullScreen();
+    // Nor does anything keep a stay-on-top window above one mapped after it.
+    if (isVisible())
+        raise();
 }
 
 void CtrlForm::on_toolButton_undo_clicked()
