@@ -102,7 +102,9 @@ void TestBoardMessagesE2e::startShowsCanvasAndToolbarInDesktopOperation()
 {
     const X11Probe::Window canvas = probe.canvasOf(board->pid());
     QCOMPARE(canvas.geometry, QRect(0, 0, 1920, 1080));
-    QVERIFY(probe.toolbarOf(board->pid()).geometry.intersects(canvas.geometry));
+    const X11Probe::Window toolbar = probe.toolbarOf(board->pid());
+    QVERIFY(toolbar.geometry.intersects(canvas.geometry));
+    QVERIFY(probe.stackedAbove(toolbar.id, canvas.id));
     // The select tool is on: clicks go through the canvas to the desktop.
     QVERIFY(probe.inputShapeEmpty(canvas.id));
 }

@@ -109,6 +109,29 @@ X11Probe::Window X11Probe::toolbarOf(qint64 pid) const
     return Window();
 }
 
+bool X11Probe::stackedAbove(unsigned long upper, unsigned long lower) const
+{
+    Display* display = dpy(display_);
+    ::Window root = 0;
+    ::Window parent = 0;
+    ::Window* children = nullptr;
+    unsigned int count = 0;
+    if (!XQueryTree(display, DefaultRootWindow(display), &root, &parent, &children, &count))
+        return false;
+    // Children come bottom first.
+    int upperIndex = -1;
+    int lowerIndex = -1;
+    for (unsigned int i = 0; i < count; ++i) {
+        if (children[i] == upper)
+            upperIndex = static_cast<int>(i);
+        if (children[i] == lower)
+            lowerIndex = static_cast<int>(i);
+    }
+    if (children != nullptr)
+        XFree(children);
+    return upperIndex >= 0 && lowerIndex >= 0 && upperIndex > lowerIndex;
+}
+
 bool X11Probe::inputShapeEmpty(unsigned long window) const
 {
     int count = 0;

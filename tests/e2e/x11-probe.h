@@ -36,6 +36,9 @@ public:
     // The viewable window of pid smaller than the screen (the toolbar), or one with id 0.
     Window toolbarOf(qint64 pid) const;
 
+    // True when window upper lies above window lower among the screen's top-level windows.
+    bool stackedAbove(unsigned long upper, unsigned long lower) const;
+
     // True when the window takes no pointer input at all (clicks fall through it).
     bool inputShapeEmpty(unsigned long window) const;
 
