@@ -1,0 +1,254 @@
+// SPDX-FileCopyrightText: 2026 pallo-board developers
+// SPDX-License-Identifier: MIT
+#include "canvas/common-item.h"
+#include "canvas/d-data.h"
+#include "canvas/draw-manager-ex.h"
+#include "canvas/graphics-view.h"
+#include "canvas/handle-geometry.h"
+#include "canvas/operate-item.h"
+#include "canvas/text-itemchange.h"
+#include "toolbar/ctrl-form.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QProcess>
+#include <QScreen>
+#include <QUndoStack>
+#include <QtTest>
+#include <memory>
+
+namespace {
+
+// Real pointer and keyboard input through the X server, as a user gives it.
+bool xdo(const QStringList& arguments)
+{
+    const bool ok = QProcess::execute("xdotool", arguments) == 0;
+    // Let the board handle what the server delivered before the next step.
+    QTest::qWait(40);
+    return ok;
+}
+
+bool pointerTo(const QPoint& global)
+{
+    return xdo({"mousemove", QString::number(global.x()), QString::number(global.y())});
+}
+
+bool click(const QPoint& global)
+{
+    // Far enough in time from any earlier click not to make a double click of the two.
+    QTest::qWait(QApplication::doubleClickInterval() + 50);
+    return pointerTo(global) && xdo({"click", "1"});
+}
+
+bool dragAlong(const QVector<QPoint>& points)
+{
+    QTest::qWait(QApplication::doubleClickInterval() + 50);
+    if (!pointerTo(points.first()) || !xdo({"mousedown", "1"}))
+        return false;
+    for (int i = 1; i < points.size(); ++i) {
+        if (!pointerTo(points.at(i)))
+            return false;
+    }
+    return xdo({"mouseup", "1"});
+}
+
+QImage grabScreen()
+{
+    return QGuiApplication::primaryScreen()->grabWindow(0).toImage().convertToFormat(
+        QImage::Format_RGB32);
+}
+
+int differingPixels(const QImage& a, const QImage& b, const QRect& area)
+{
+    int count = 0;
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        for (int x = area.left(); x <= area.right(); ++x) {
+            if (a.pixel(x, y) != b.pixel(x, y))
+                ++count;
+        }
+    }
+    return count;
+}
+
+int reddishPixels(const QImage& image, const QRect& area)
+{
+    int count = 0;
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        for (int x = area.left(); x <= area.right(); ++x) {
+            const QRgb p = image.pixel(x, y);
+            if (qRed(p) > 150 && qGreen(p) < 100 && qBlue(p) < 100)
+                ++count;
+        }
+    }
+    return count;
+}
+
+void keepPicture(const QImage& image, const QString& name)
+{
+    const QString folder = qEnvironmentVariable("PALLO_TEST_OUTPUT");
+    if (folder.isEmpty())
+        return;
+    QDir().mkpath(folder);
+    image.save(folder + "/" + name + ".png");
+}
+
+} // namespace
+
+class TestTransformE2e : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void rectangleTurnedScaledAndUndone();
+    void textTypedWhereClicked();
+
+private:
+    pallo::GraphicsView* m_view = nullptr;
+    std::unique_ptr<pallo::GraphicsView> m_owner;
+};
+
+void TestTransformE2e::init()
+{
+    QCOMPARE(QGuiApplication::platformName(), QString("xcb"));
+    auto* form = new CtrlForm;
+    m_view = form->canvasView();
+    m_owner.reset(m_view);
+    // The canvas covers the whole screen, as the board shows it.
+    m_view->setGeometry(QGuiApplication::primaryScreen()->geometry());
+    m_view->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_view));
+    m_view->raise();
+    m_view->activateWindow();
+    QTest::qWait(300);
+    QCOMPARE(m_view->mapToGlobal(QPoint(0, 0)), QPoint(0, 0));
+}
+
+void TestTransformE2e::cleanup()
+{
+    m_owner.reset();
+    m_view = nullptr;
+}
+
+void TestTransformE2e::rectangleTurnedScaledAndUndone()
+{
+    DData* data = m_view->drawManager()->data();
+    CtrlForm* toolbar = m_view->ctrlForm();
+    // The toolbar's tool signals, as its buttons and menus send them.
+    emit toolbar->sg_figure("rect");
+    QCOMPARE(data->figure, QString("rect"));
+
+    // Draw a rectangle from (600, 400) to (800, 520).
+    QVERIFY(dragAlong({QPoint(600, 400), QPoint(650, 430), QPoint(750, 500), QPoint(800, 520)}));
+    QTRY_COMPARE(data->records().size(), 1);
+    auto* rect = qgraphicsitem_cast<CommonItem*>(data->records().first().item);
+    QVERIFY(rect);
+    QCOMPARE(rect->shapeRect().translated(rect->pos()), QRectF(600, 400, 200, 120));
+    const QPainterPath originalPath = rect->shapePath();
+    const QRect area(450, 250, 500, 420);
+    QTRY_VERIFY(reddishPixels(grabScreen(), area) > 500);
+    QTest::qWait(200);
+    const QImage drawn = grabScreen();
+    keepPicture(drawn, "e2e-1-drawn");
+
+    // "moving handwriting", the select button's second mode.
+    emit toolbar->sg_figure("drag");
+    QTRY_VERIFY(m_view->dragMode());
+    QCOMPARE(data->figure, QString("drag"));
+
+    // Pick the rectangle by its border: the handles appear around it.
+    QVERIFY(click(QPoint(700, 400)));
+    QTRY_VERIFY(OperateItem::existing() && OperateItem::existing()->isAttachedTo(rect));
+    OperateItem* handles = OperateItem::existing();
+    QVERIFY(handles->isVisible());
+    QTest::qWait(200);
+    const QImage picked = grabScreen();
+    keepPicture(picked, "e2e-2-picked");
+    // The rotation handle shows 20 above the middle of the top edge.
+    const QRgb knob = picked.pixel(700, 380);
+    QVERIFY(qBlue(knob) > 170 && qRed(knob) < 60);
+
+    // Turn it by its handle, an eighth to the right.
+    QVERIFY(dragAlong({QPoint(700, 380), QPoint(720, 382), QPoint(750, 400), QPoint(780, 380)}));
+    QTRY_COMPARE(data->undoStack()->count(), 2);
+    QVERIFY(rect->shapeTransform().isRotating());
+    QCOMPARE(rect->pos(), QPointF(700, 460));
+    QTest::qWait(200);
+    const QImage turned = grabScreen();
+    keepPicture(turned, "e2e-3-turned");
+    QVERIFY(differingPixels(drawn, turned, area) > 500);
+
+    // Pull the bottom-right corner handle outward.
+    const QPoint corner =
+        handles->mapToScene(handles::handleCentre(handles::BottomRight, handles->frame()))
+            .toPoint();
+    const QRectF before = rect->shapeRect();
+    QVERIFY(dragAlong({corner, corner + QPoint(10, 10), corner + QPoint(40, 30)}));
+    QTRY_COMPARE(data->undoStack()->count(), 3);
+    QVERIFY(rect->shapeRect().width() > before.width() + 10);
+    QTest::qWait(200);
+    keepPicture(grabScreen(), "e2e-4-scaled");
+
+    // Undo twice, as the toolbar's undo button does.
+    emit toolbar->sg_undo();
+    QCOMPARE(data->undoStack()->index(), 2);
+    emit toolbar->sg_undo();
+    QCOMPARE(data->undoStack()->index(), 1);
+    QCOMPARE(rect->shapePath(), originalPath);
+    QVERIFY(!rect->shapeTransform().isRotating());
+
+    // A click on empty canvas puts the handles away; the original rectangle is back.
+    QVERIFY(click(QPoint(300, 900)));
+    QTRY_VERIFY(!handles->isVisible());
+    QTest::qWait(200);
+    const QImage undone = grabScreen();
+    keepPicture(undone, "e2e-5-undone");
+    QCOMPARE(differingPixels(drawn, undone, area), 0);
+}
+
+void TestTransformE2e::textTypedWhereClicked()
+{
+    DData* data = m_view->drawManager()->data();
+    CtrlForm* toolbar = m_view->ctrlForm();
+    // The large size of the text button's menu, which also picks the text tool.
+    emit toolbar->sg_changeFontSize(26);
+    emit toolbar->sg_figure("text");
+    QCOMPARE(m_view->drawManager()->fontSize(), 26);
+
+    QVERIFY(click(QPoint(400, 600)));
+    QTRY_COMPARE(data->records().size(), 1);
+    auto* text = qgraphicsitem_cast<textItemchange*>(data->records().first().item);
+    QVERIFY(text);
+    QCOMPARE(text->pos(), QPointF(400, 600));
+    QCOMPARE(text->font().pointSize(), 26);
+    QVERIFY(!text->font().bold());
+    QVERIFY(xdo({"type", "--delay", "50", "Hi"}));
+    QTRY_COMPARE(text->toPlainText(), QString("Hi"));
+
+    // Clicking elsewhere ends the edit and starts no second text; the text stays.
+    QVERIFY(click(QPoint(900, 700)));
+    QTRY_VERIFY(!text->hasFocus());
+    QCOMPARE(data->records().size(), 1);
+    QCOMPARE(text->toPlainText(), QString("Hi"));
+    QVERIFY(text->isVisible());
+    QTest::qWait(200);
+    const QImage screen = grabScreen();
+    keepPicture(screen, "e2e-6-text");
+    const QColor colour = text->defaultTextColor();
+    int ink = 0;
+    const QRect box = text->sceneBoundingRect().toRect();
+    for (int y = box.top(); y <= box.bottom(); ++y) {
+        for (int x = box.left(); x <= box.right(); ++x) {
+            const QRgb p = screen.pixel(x, y);
+            if (std::abs(qRed(p) - colour.red()) < 40 &&
+                std::abs(qGreen(p) - colour.green()) < 40 &&
+                std::abs(qBlue(p) - colour.blue()) < 40)
+                ++ink;
+        }
+    }
+    QVERIFY2(ink > 100, qPrintable(QString::number(ink)));
+}
+
+QTEST_MAIN(TestTransformE2e)
+#include "test-transform-e2e.moc"
