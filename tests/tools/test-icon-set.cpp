@@ -13,6 +13,7 @@
 #include <QHBoxLayout>
 #include <QImage>
 #include <QPainter>
+#include <QPushButton>
 #include <QRegExp>
 #include <QRegularExpression>
 #include <QStringList>
@@ -76,6 +77,13 @@ const QList<QPair<QString, QString>>& statePairs()
         {"color_white", "color_white_checked"},
         {"color_green", "color_green_checked"},
         {"color_yellow", "color_yellow_checked"},
+        {"float_light", "float_light_hover"},
+        {"float_light", "float_light_checked"},
+        {"float_close", "float_close_hover"},
+        {"float_done", "float_done_hover"},
+        {"plus", "plus_hover"},
+        {"minus", "minus_hover"},
+        {"shoclose", "shoclose_hover"},
     };
     return pairs;
 }
@@ -250,6 +258,8 @@ private slots:
     void toolButtonShowsItsPictures();
     void colourBoxIsARoundSwatch_data();
     void colourBoxIsARoundSwatch();
+    void floatingButtonShowsItsPictures_data();
+    void floatingButtonShowsItsPictures();
     void writeContactSheet();
     void cleanup();
 };
@@ -447,6 +457,8 @@ void TestIconSet::buttonPicturesSitOnTheGrid_data()
             size = QSize(56, 28);
         else if (pair.first.startsWith("color_"))
             size = QSize(20, 20);
+        else if (pair.first.startsWith("float_"))
+            size = QSize(44, 44);
         QTest::newRow(qPrintable(pair.first)) << pair.first << size;
         QTest::newRow(qPrintable(pair.second)) << pair.second << size;
     }
@@ -685,6 +697,61 @@ void TestIconSet::colourBoxIsARoundSwatch()
     QVERIFY(isAccent(shown.pixel(1, 10)));
     QVERIFY(isAccent(shown.pixel(10, 1)));
     QCOMPARE(mismatches(shown, loadImage("color_" + name + "_checked", false), QPoint(0, 0)), 0);
+}
+
+void TestIconSet::floatingButtonShowsItsPictures_data()
+{
+    QTest::addColumn<QString>("objectName");
+    QTest::addColumn<QString>("resting");
+    QTest::addColumn<QString>("active");
+    QTest::addColumn<bool>("checkable");
+    QTest::newRow("magnifier light") << "pushButton_zoom_turnoff"
+                                     << "float_light"
+                                     << "float_light_checked" << true;
+    QTest::newRow("magnifier close") << "pushButton_zoom_close"
+                                     << "float_close"
+                                     << "float_close_hover" << false;
+    QTest::newRow("screenshot save") << "pushButton_screenshot"
+                                     << "float_done"
+                                     << "float_done_hover" << false;
+    QTest::newRow("screenshot close") << "pushButton_screenshot_close"
+                                      << "float_close"
+                                      << "float_close_hover" << false;
+}
+
+// The magnifier and the screenshot frame place their 44 px buttons themselves; the
+// stylesheet gives them a round picture at 1:1, and the light switch shows when the
+// surroundings are dark.
+void TestIconSet::floatingButtonShowsItsPictures()
+{
+    QFETCH(QString, objectName);
+    QFETCH(QString, resting);
+    QFETCH(QString, active);
+    QFETCH(bool, checkable);
+    qApp->setStyleSheet(readStyleSheet());
+    QWidget window;
+    window.setObjectName("window");
+    window.setStyleSheet("QWidget#window { background: #808080; }");
+    window.resize(100, 100);
+    auto* button = new QPushButton(&window);
+    button->setObjectName(objectName);
+    button->setCheckable(checkable);
+    button->setGeometry(20, 20, 44, 44);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+
+    QImage shown = window.grab(button->geometry()).toImage().convertToFormat(QImage::Format_ARGB32);
+    QCOMPARE(mismatches(shown, loadImage(resting, false), QPoint(0, 0)), 0);
+    QCOMPARE(QColor(shown.pixel(0, 0)), QColor("#808080"));
+    QCOMPARE(countPixels(shown, isAccentTinted), 0);
+
+    if (checkable)
+        button->setChecked(true);
+    else
+        button->setDown(true);
+    shown = window.grab(button->geometry()).toImage().convertToFormat(QImage::Format_ARGB32);
+    QCOMPARE(mismatches(shown, loadImage(active, false), QPoint(0, 0)), 0);
+    QVERIFY(countPixels(shown, isAccent) > 10);
 }
 
 void TestIconSet::writeContactSheet()
