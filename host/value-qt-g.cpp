@@ -3,6 +3,7 @@
 #include "host/value-qt-g.h"
 
 #include "bridge/value-registry.h"
+#include "host/value-text-reader.h"
 
 #include <cstdio>
 #include <cstring>
@@ -85,38 +86,20 @@ std::string ValueQtG::write() const
     }
 }
 
+// Runs the reader of the named type into a temporary that is discarded: only the body's
+// form is checked here.
+static void checkGuiBody(const char* typeText, const char* body)
+{
+    Value parsed;
+    if (typeText[0] == 'c' && std::strcmp(typeText, "color") == 0)
+        parsed = readColor(typeText, body);
+    else if (typeText[0] == 'f' && std::strcmp(typeText, "font") == 0)
+        parsed = readFont(typeText, body);
+}
+
 bool ValueQtG::read(const char* text)
 {
-    clear();
-    if (text == nullptr || strnlen(text, 4) < 4)
-        return false;
-    if (std::strncmp(text, "<variant>", 9) == 0) {
-        fast_set(text + 9);
-        return true;
-    }
-    if (std::strchr(text, ']') == nullptr)
-        return false;
-    if (std::strncmp(text, "<null>", 6) == 0)
-        return false;
-
-    char typeText[256] = "";
-    std::sscanf(text + 1, "%255[^]]", typeText);
-    std::fflush(stderr);
-
-    // Parsing here only checks the body; the value itself is set by the base class
-    // below, through the registry.
-    const char* close = std::strchr(text + 1, ']');
-    if (close != nullptr) {
-        const char* body = close + 1;
-        Value parsed;
-        if (typeText[0] == 'c' && std::strcmp(typeText, "color") == 0)
-            parsed = readColor(typeText, body);
-        else if (typeText[0] == 'f' && std::strcmp(typeText, "font") == 0)
-            parsed = readFont(typeText, body);
-    }
-    if (type() == kNoType)
-        return Value::read(text);
-    return true;
+    return readTypedText(*this, text, checkGuiBody);
 }
 
 QColor ValueQtG::toColor() const

@@ -3,6 +3,7 @@
 #include "host/value-qt.h"
 
 #include "bridge/value-registry.h"
+#include "host/value-text-reader.h"
 
 #include <cerrno>
 #include <climits>
@@ -238,60 +239,42 @@ std::string ValueQt::write() const
     }
 }
 
+// Runs the reader of the named type into a temporary that is discarded: only the body's
+// form is checked here.
+static void checkCoreBody(const char* typeText, const char* body)
+{
+    Value parsed;
+    switch (typeText[0]) {
+    case 'q':
+        if (std::strncmp(typeText, "qstr:", 5) == 0)
+            parsed = readQString(typeText, body);
+        break;
+    case 'r':
+        if (std::strcmp(typeText, "rectf") == 0)
+            parsed = readRectF(typeText, body);
+        else if (std::strcmp(typeText, "rect") == 0)
+            parsed = readRect(typeText, body);
+        break;
+    case 'p':
+        if (std::strcmp(typeText, "pointf") == 0)
+            parsed = readPointF(typeText, body);
+        else if (std::strcmp(typeText, "point") == 0)
+            parsed = readPoint(typeText, body);
+        break;
+    case 's':
+        if (std::strcmp(typeText, "sizef") == 0)
+            parsed = readSizeF(typeText, body);
+        else if (std::strcmp(typeText, "size") == 0)
+            parsed = readSize(typeText, body);
+        break;
+    default:
+        break;
+    }
+}
+
 bool ValueQt::read(const char* text)
 {
-    clear();
-    if (text == nullptr || strnlen(text, 4) < 4)
-        return false;
-    if (std::strncmp(text, "<variant>", 9) == 0) {
-        fast_set(text + 9);
-        return true;
-    }
-    if (std::strchr(text, ']') == nullptr)
-        return false;
-    if (std::strncmp(text, "<null>", 6) == 0)
-        return false;
-
-    char typeText[256] = "";
-    std::sscanf(text + 1, "%255[^]]", typeText);
-    std::fflush(stderr);
-
-    // Parsing here only checks the body; the value itself is set by the base class
-    // below, through the registry.
-    const char* close = std::strchr(text + 1, ']');
-    if (close != nullptr) {
-        const char* body = close + 1;
-        Value parsed;
-        switch (typeText[0]) {
-        case 'q':
-            if (std::strncmp(typeText, "qstr:", 5) == 0)
-                parsed = readQString(typeText, body);
-            break;
-        case 'r':
-            if (std::strcmp(typeText, "rectf") == 0)
-                parsed = readRectF(typeText, body);
-            else if (std::strcmp(typeText, "rect") == 0)
-                parsed = readRect(typeText, body);
-            break;
-        case 'p':
-            if (std::strcmp(typeText, "pointf") == 0)
-                parsed = readPointF(typeText, body);
-            else if (std::strcmp(typeText, "point") == 0)
-                parsed = readPoint(typeText, body);
-            break;
-        case 's':
-            if (std::strcmp(typeText, "sizef") == 0)
-                parsed = readSizeF(typeText, body);
-            else if (std::strcmp(typeText, "size") == 0)
-                parsed = readSize(typeText, body);
-            break;
-        default:
-            break;
-        }
-    }
-    if (type() == kNoType)
-        return Value::read(text);
-    return true;
+    return readTypedText(*this, text, checkCoreBody);
 }
 
 QString ValueQt::toQString() const
