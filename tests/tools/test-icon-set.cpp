@@ -242,6 +242,8 @@ private slots:
     void boardImageExists_data();
     void boardImageExists();
     void everyPictureHasATwiceAsLargeTwin();
+    void singularPrefixNamesTheSamePicture_data();
+    void singularPrefixNamesTheSamePicture();
     void cursorExistsAtBothScales_data();
     void cursorExistsAtBothScales();
     void cursorHotSpotIsOnTheTip_data();
@@ -375,6 +377,23 @@ void TestIconSet::everyPictureHasATwiceAsLargeTwin()
         ++checked;
     }
     QVERIFY(checked >= statePairs().size());
+}
+
+void TestIconSet::singularPrefixNamesTheSamePicture_data()
+{
+    QTest::addColumn<QString>("name");
+    for (const char* name : {"plus", "plus_hover", "minus", "minus_hover", "shoclose",
+                             "shoclose_hover", "plus@2x", "minus@2x", "shoclose@2x"})
+        QTest::newRow(name) << QString(name);
+}
+
+// The timer's digit buttons and the settings panel ask for ":/image/NAME.png".
+void TestIconSet::singularPrefixNamesTheSamePicture()
+{
+    QFETCH(QString, name);
+    const QImage singular(":/image/" + name + ".png");
+    QVERIFY2(!singular.isNull(), qPrintable(name));
+    QCOMPARE(singular, QImage(":/images/" + name + ".png"));
 }
 
 void TestIconSet::cursorExistsAtBothScales_data()
