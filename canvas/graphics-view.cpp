@@ -12,6 +12,7 @@
 #include "canvas/operate-item.h"
 #include "canvas/pass-through.h"
 #include "toolbar/ctrl-form.h"
+#include "toolbar/toolbar-geometry.h"
 
 #include <QButtonGroup>
 #include <QGraphicsScene>
@@ -119,7 +120,7 @@ void GraphicsView::attachCtrlForm(CtrlForm* form)
     auto* row = new QHBoxLayout;
     row->addStretch();
     row->addWidget(form);
-    row->addSpacing(50);
+    row->addSpacing(toolbar_geometry::rightGap);
     auto* column = new QVBoxLayout;
     column->setContentsMargins(0, 0, 0, 0);
     column->addLayout(row);

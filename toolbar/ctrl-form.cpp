@@ -240,6 +240,20 @@ void CtrlForm::showCanvasFullScreen()
     if (QScreen* screen = QGuiApplication::primaryScreen())
         m_view->setGeometry(screen->geometry());
     m_view->showFullScreen();
+    // In select mode the toolbar is a window of its own, out of the view's layout: put it,
+    // at its natural size, where that layout would. Its buttons take their final size from
+    // the stylesheet only once shown, so this waits for the event loop's next turn.
+    QTimer::singleShot(0, this, [this] {
+        QScreen* screen = QGuiApplication::primaryScreen();
+        if (!isWindow() || !screen || m_collapsed)
+            return;
+        // A window's layout also sets its minimum size, from the unstyled buttons until
+        // it runs again.
+        layout()->activate();
+        if (minimumSize() != maximumSize())
+            resize(sizeHint());
+        move(toolbar_geometry::startPosition(size(), screen->geometry()));
+    });
     // Nor does anything keep a stay-on-top window above one mapped after it.
     if (isVisible())
         raise();

@@ -17,6 +17,11 @@ int scaled(int px, double s)
     return qRound(px * s);
 }
 
+QPoint startPosition(const QSize& toolbar, const QRect& screen)
+{
+    return QPoint(screen.left() + screen.width() - rightGap - toolbar.width(), screen.top());
+}
+
 QRect keepOnScreen(const QRect& g, const QRect& screen, bool flush, double s, int edgeDistance)
 {
     const int near = scaled(edgeDistance, s);

@@ -27,7 +27,13 @@ enum class MenuAnchor
     Beside
 };
 
+// The canvas lays the toolbar out on its top edge this far from its right edge.
+constexpr int rightGap = 50;
+
 int scaled(int px, double s);
+
+// Where the toolbar starts on a screen: on the top edge, rightGap from the right edge.
+QPoint startPosition(const QSize& toolbar, const QRect& screen);
 
 // Moves the toolbar rectangle g back onto the screen rectangle: edges closer than
 // edgeDistance*s are pulled flush (flush) or to a margin of (edgeDistance + 2)*s.

@@ -23,7 +23,9 @@ ToolbarLayout measureToolbarLayout()
     form->enterChooseState();
     loadApplicationStyleSheet();
     form->showCanvasFullScreen();
-    if (QTest::qWaitForWindowExposed(form.get())) {
+    // The toolbar takes its natural size on the event loop's turn after showing.
+    if (QTest::qWaitForWindowExposed(form.get()) &&
+        QTest::qWaitFor([&form] { return form->size() == form->sizeHint(); })) {
         auto* pen = form->findChild<QToolButton*>(QStringLiteral("toolButton_pen"));
         layout.size = form->size();
         if (pen != nullptr)

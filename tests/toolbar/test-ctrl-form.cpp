@@ -92,6 +92,7 @@ private slots:
     void rememberedFontSizeIsSentOnce();
     void leavingSelectModeEmitsTestFirst();
     void chooseEmitsOnlyChoose();
+    void startsOnTheTopEdgeNearTheRight();
     void dragFromControlMenu();
     void circleEditModeToggles();
     void penKinds_data();
@@ -333,6 +334,21 @@ void TestCtrlForm::leavingSelectModeEmitsTestFirst()
     QVERIFY(!m_form->isChooseMode());
     m_form->findChild<QToolButton*>("toolButton_line")->click();
     QCOMPARE(log.log, QStringList({"choose", "test", "figure:rect", "figure:line"}));
+}
+
+// The board starts in select mode, where the toolbar is a window of its own: it shows at
+// its natural size on the top edge, 50 pixels from the screen's right edge.
+void TestCtrlForm::startsOnTheTopEdgeNearTheRight()
+{
+    m_form = new CtrlForm;
+    m_form->enterChooseState();
+    m_form->showCanvasFullScreen();
+    QVERIFY(QTest::qWaitForWindowExposed(m_form));
+    QVERIFY(m_form->isWindow());
+    const QRect screen = QGuiApplication::primaryScreen()->geometry();
+    QTRY_COMPARE(m_form->frameGeometry().size(), m_form->sizeHint());
+    QTRY_COMPARE(m_form->frameGeometry().top(), screen.top());
+    QTRY_COMPARE(screen.right() - m_form->frameGeometry().right(), 50);
 }
 
 void TestCtrlForm::chooseEmitsOnlyChoose()

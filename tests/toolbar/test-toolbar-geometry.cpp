@@ -10,6 +10,8 @@ class TestToolbarGeometry : public QObject
 {
     Q_OBJECT
 private slots:
+    void startPosition_data();
+    void startPosition();
     void keepOnScreen_data();
     void keepOnScreen();
     void keepOnScreenNeverResizes();
@@ -22,6 +24,26 @@ private slots:
 };
 
 static const QRect screen(0, 0, 1920, 1080);
+
+void TestToolbarGeometry::startPosition_data()
+{
+    QTest::addColumn<QSize>("toolbar");
+    QTest::addColumn<QRect>("screen");
+    QTest::addColumn<QPoint>("expected");
+    QTest::newRow("full hd") << QSize(902, 83) << QRect(0, 0, 1920, 1080) << QPoint(968, 0);
+    QTest::newRow("second screen")
+        << QSize(400, 60) << QRect(1920, 100, 1280, 1024) << QPoint(2750, 100);
+}
+
+void TestToolbarGeometry::startPosition()
+{
+    QFETCH(QSize, toolbar);
+    QFETCH(QRect, screen);
+    QFETCH(QPoint, expected);
+    const QPoint at = toolbar_geometry::startPosition(toolbar, screen);
+    QCOMPARE(at, expected);
+    QCOMPARE(screen.right() - (at.x() + toolbar.width() - 1), toolbar_geometry::rightGap);
+}
 
 void TestToolbarGeometry::keepOnScreen_data()
 {
