@@ -23,10 +23,10 @@ QStringList moveTo(const QPoint& point)
 
 } // namespace
 
-bool click(const QPoint& at)
+bool click(const QPoint& at, int button)
 {
     return run(moveTo(at) + QStringList{QStringLiteral("sleep"), QStringLiteral("0.1"),
-                                        QStringLiteral("click"), QStringLiteral("1")});
+                                        QStringLiteral("click"), QString::number(button)});
 }
 
 bool stroke(const QVector<QPoint>& points)

@@ -10,7 +10,8 @@
 namespace xdotool {
 
 bool run(const QStringList& arguments);
-bool click(const QPoint& at);
+// button 1 is the left button, 3 the right one.
+bool click(const QPoint& at, int button = 1);
 // Presses the left button at the first point, moves through the others and releases.
 bool stroke(const QVector<QPoint>& points);
 
