@@ -117,6 +117,12 @@ void KeyLineEdit::setKeyText(const QString& text)
 
 bool KeyLineEdit::event(QEvent* event)
 {
+    // Every combination is the editor's to record, even one the program uses as a
+    // shortcut elsewhere.
+    if (event->type() == QEvent::ShortcutOverride) {
+        event->accept();
+        return true;
+    }
     // Tab would move the focus on before the key handler sees it.
     if (event->type() == QEvent::KeyPress) {
         auto* keyEvent = static_cast<QKeyEvent*>(event);

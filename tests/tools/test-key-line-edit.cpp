@@ -4,6 +4,7 @@
 #include "tools/key-line-edit.h"
 
 #include <QLineEdit>
+#include <QShortcut>
 #include <QSignalSpy>
 #include <QVBoxLayout>
 #include <QtTest>
@@ -77,6 +78,7 @@ private slots:
     void acceptedKeyEndsTheEditOnce();
     void refusedKeyKeepsTheEditGoing();
     void tabStaysInTheEditor();
+    void shortcutsOfTheWindowDoNotSteal();
     void leftPressSelectsEverything();
     void setKeyShowsTheKey();
     void setKeyUnknownComplains();
@@ -357,6 +359,25 @@ void TestKeyLineEdit::tabStaysInTheEditor()
     QVERIFY(w.editor->hasFocus());
     QVERIFY(!w.other->hasFocus());
     QCOMPARE(w.editor->text(), QString("Alt+S"));
+}
+
+// A combination the window uses itself still lands in the editor.
+void TestKeyLineEdit::shortcutsOfTheWindowDoNotSteal()
+{
+    EditorWindow w;
+    auto* taken = new QShortcut(QKeySequence("Alt+K"), &w.window);
+    QSignalSpy fired(taken, &QShortcut::activated);
+    QVERIFY(w.showFocused());
+
+    QTest::keyClick(w.editor, Qt::Key_K, Qt::AltModifier);
+
+    QCOMPARE(fired.count(), 0);
+    QCOMPARE(w.editor->text(), QString("Alt+K"));
+
+    w.other->setFocus();
+    QTRY_VERIFY(w.other->hasFocus());
+    QTest::keyClick(w.other, Qt::Key_K, Qt::AltModifier);
+    QCOMPARE(fired.count(), 1);
 }
 
 void TestKeyLineEdit::leftPressSelectsEverything()
