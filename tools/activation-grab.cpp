@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 pallo-board developers
+// SPDX-License-Identifier: MIT
+#include "tools/activation-grab.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QGuiApplication>
+#include <QPixmap>
+#include <QScreen>
+#include <QWidget>
+
+QImage grabPrimaryScreen()
+{
+    QScreen* screen = QGuiApplication::primaryScreen();
+    if (screen == nullptr)
+        return QImage();
+    return screen->grabWindow(0).toImage();
+}
+
+bool regrabOnActivation(QWidget* window, QObject* watched, QEvent* event, bool& grabbed,
+                        const std::function<void()>& takePicture)
+{
+    if (watched != window)
+        return false;
+    if (event->type() == QEvent::WindowDeactivate) {
+        grabbed = false;
+        return false;
+    }
+    if (event->type() == QEvent::WindowActivate && !grabbed) {
+        window->hide();
+        grabbed = true;
+        takePicture();
+        window->show();
+        // Hiding took the application's active window away while the window system kept
+        // its focus here, so no activation event would come back; without one, leaving
+        // the window later would go unnoticed and the next return would show an old picture.
+        if (QApplication::activeWindow() == nullptr &&
+            QGuiApplication::focusWindow() == window->windowHandle())
+            QApplication::setActiveWindow(window);
+        return true;
+    }
+    return false;
+}

@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: 2026 pallo-board developers
+// SPDX-License-Identifier: MIT
+#include "tools/pix-label.h"
+
+#include "tools/frame-handles.h"
+
+#include <QAction>
+#include <QGridLayout>
+#include <QLabel>
+#include <QMouseEvent>
+
+PixLabel::PixLabel(QWidget* parent)
+    : QWidget(parent), label(new QLabel(this)), closeAction(new QAction(this)),
+      layout(new QGridLayout(this))
+{
+    setAttribute(Qt::WA_TranslucentBackground);
+    setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+    closeAction->setText(tr("PixLabel.Btn.Close"));
+    connect(closeAction, &QAction::triggered, this, &PixLabel::slot_abelclose);
+    addAction(closeAction);
+    setContextMenuPolicy(Qt::ActionsContextMenu);
+    layout->addWidget(label);
+    frame_handles::addShadow(label);
+    setMinimumHeight(10);
+}
+
+void PixLabel::setPixmap(const QPixmap& pixmap)
+{
+    label->setPixmap(pixmap);
+}
+
+void PixLabel::slot_abelclose()
+{
+    close();
+    deleteLater();
+}
+
+void PixLabel::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton) {
+        dragOffset = event->globalPos() - frameGeometry().center();
+        dragging = true;
+    }
+    QWidget::mousePressEvent(event);
+}
+
+void PixLabel::mouseMoveEvent(QMouseEvent* event)
+{
+    if (dragging) {
+        QRect frame = frameGeometry();
+        frame.moveCenter(event->globalPos() - dragOffset);
+        setGeometry(frame);
+    }
+    // Handing moves to the release handler is how this window has always behaved.
+    QWidget::mouseReleaseEvent(event);
+}
+
+void PixLabel::mouseReleaseEvent(QMouseEvent* event)
+{
+    dragging = false;
+    QWidget::mouseReleaseEvent(event);
+}
