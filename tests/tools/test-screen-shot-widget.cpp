@@ -295,7 +295,6 @@ void TestScreenShotWidget::escapeLeavesTheToolOpen()
     QSignalSpy exits(shot, &screenShotWidget::sg_screenexit);
     sendKey(shot, Qt::Key_Escape);
     QTest::keyClick(shot, Qt::Key_Escape);
-    QTest::qWait(100);
     QVERIFY(shot->isVisible());
     QCOMPARE(exits.count(), 0);
 }
