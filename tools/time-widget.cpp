@@ -3,6 +3,7 @@
 #include "tools/time-widget.h"
 
 #include "app/scale-factor.h"
+#include "app/style-sheet-loader.h"
 #include "tools/timer-logic.h"
 #include "ui_time-widget.h"
 
@@ -30,6 +31,9 @@ QPalette blackText(QPalette palette)
 timeWidget::timeWidget(QWidget* parent) : QWidget(parent), ui(new Ui::timeWidget)
 {
     ui->setupUi(this);
+    // Scaled before any font is set below: a new stylesheet resets the fonts of the
+    // widgets it covers.
+    setStyleSheet(scaleStyleSheet(styleSheet(), screenScaleFactor()));
     setAttribute(Qt::WA_StyledBackground);
     // The fonts are fitted to the labels and buttons as the form lays them out.
     layout()->activate();

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "tools/widget.h"
 
+#include "app/scale-factor.h"
+#include "app/style-sheet-loader.h"
 #include "tools/timer-logic.h"
 #include "ui_widget.h"
 
@@ -39,6 +41,9 @@ Widget::Widget(QWidget* parent)
           "QLabel { background-color:rgba(255,255,255,255);color:rgba(0,0,0,255); }"))
 {
     ui->setupUi(this);
+    // Scaled before any font is set below: a new stylesheet resets the fonts of the
+    // widgets it covers.
+    setStyleSheet(scaleStyleSheet(styleSheet(), screenScaleFactor()));
     setAttribute(Qt::WA_StyledBackground);
     digitStyle = ui->label_minTen->styleSheet();
     // The fonts are fitted to the labels and buttons as the form lays them out.
@@ -254,15 +259,16 @@ void Widget::showDigits(int mt, int mo, int st, int so)
 
 void Widget::normalLook()
 {
-    applyDigitFont();
-    ui->pushbutton_countdown_startBtn->show();
-    ui->pushbutton_countdown_resetBtn->show();
-    ui->pushbutton_countdown_fullBtn->show();
+    // Styles go first: setting a stylesheet resets the label's font.
     for (QLabel* label : digitLabels()) {
         label->setStyleSheet(digitStyle);
         label->setMinimumSize(60, 90);
     }
     ui->label_colon->setStyleSheet(compactStyle);
+    applyDigitFont();
+    ui->pushbutton_countdown_startBtn->show();
+    ui->pushbutton_countdown_resetBtn->show();
+    ui->pushbutton_countdown_fullBtn->show();
 }
 
 void Widget::compactLook()
@@ -271,11 +277,11 @@ void Widget::compactLook()
     ui->pushbutton_countdown_startBtn->hide();
     ui->pushbutton_countdown_resetBtn->hide();
     ui->pushbutton_countdown_fullBtn->hide();
+    for (QLabel* label : digitLabels()) {
+        label->setStyleSheet(compactStyle);
+        label->setMinimumSize(30, 45);
+    }
     const QFont font = digitFont(35);
     for (QLabel* label : digitAndColonLabels())
         label->setFont(font);
-    for (QLabel* label : digitLabels()) {
-        label->setMinimumSize(30, 45);
-        label->setStyleSheet(compactStyle);
-    }
 }

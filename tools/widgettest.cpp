@@ -13,15 +13,20 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPainterPath>
 #include <QScreen>
 
 Widgettest::Widgettest(QWidget* parent) : QDialog(parent), ui(new Ui::Widgettest)
 {
     ui->setupUi(this);
-    setStyleSheet(scaleStyleSheet(styleSheet(), screenScaleFactor()));
+    // Scaled before any font is set below: a new stylesheet resets the fonts of the
+    // widgets it covers.
+    ui->frame_timer_tabs->setStyleSheet(
+        scaleStyleSheet(ui->frame_timer_tabs->styleSheet(), screenScaleFactor()));
     setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
     setAttribute(Qt::WA_TranslucentBackground);
+    // Polishing with the application's stylesheet resets the palette; it is done now
+    // so that the white brush set next stays.
+    ensurePolished();
     setWindowBrush(Qt::white);
     // Only the shown page decides how small the window can be.
     ui->stackedWidget->setMinimumSize(1, 1);
@@ -40,7 +45,6 @@ Widgettest::Widgettest(QWidget* parent) : QDialog(parent), ui(new Ui::Widgettest
     ui->stackedWidget->setCurrentIndex(0);
     setFixedSize(timerNormalSize(screenScaleFactor()));
 
-    autoCompact.setSingleShot(false);
     connect(ui->pushButton_timer_quit, &QPushButton::clicked, this, &Widgettest::quitbtnclick);
     connect(stopwatch(), &timeWidget::showfull, this, &Widgettest::screentimew);
     connect(countdown(), &Widget::showfull, this, &Widgettest::screencountdown);
@@ -79,7 +83,7 @@ void Widgettest::setChromeVisible(bool visible)
     ui->pushButton_timer_countdown->setVisible(visible);
     ui->pushButton_timer_timer->setVisible(visible);
     ui->pushButton_timer_quit->setVisible(visible);
-    ui->line_timer_tabs->setVisible(visible);
+    ui->frame_timer_tabs->setVisible(visible);
 }
 
 void Widgettest::quitbtnclick()
@@ -145,19 +149,27 @@ void Widgettest::slot_time_out()
 // Back to the window with tabs, white and opaque at its normal size.
 void Widgettest::showNormalWindow()
 {
+    const bool wasFull = isFull();
     setChromeVisible(true);
     layout()->setContentsMargins(normalMargins);
     setWindowBrush(Qt::white);
     setWindowOpacity(1.0);
     showNormal();
     setFixedSize(timerNormalSize(screenScaleFactor()));
+    if (wasFull)
+        move(normalPosition);
 }
 
 void Widgettest::restore(Page page)
 {
     showNormalWindow();
     autoCompact.stop();
-    autoCompact.start(5000);
+    // A stopped clock has nothing to watch from afar, so only a running one
+    // shrinks the window again.
+    const bool running =
+        page == Page::Countdown ? countdown()->isRunning() : stopwatch()->isRunning();
+    if (running)
+        autoCompact.start(5000);
     if (page == Page::Countdown) {
         countdownCompact = false;
         countdown()->normalLook();
@@ -201,6 +213,8 @@ void Widgettest::enterFullScreen()
 
 void Widgettest::screentimew()
 {
+    if (!isFull())
+        normalPosition = pos();
     clockFull = true;
     clockCompact = false;
     enterFullScreen();
@@ -208,6 +222,8 @@ void Widgettest::screentimew()
 
 void Widgettest::screencountdown()
 {
+    if (!isFull())
+        normalPosition = pos();
     showNormal();
     countdownFull = true;
     countdownCompact = false;
@@ -245,11 +261,9 @@ void Widgettest::keyPressEvent(QKeyEvent* event)
         QDialog::keyPressEvent(event);
         return;
     }
-    // Escape leaves full screen or the compact strip; it never closes the window.
-    if (isFull() || isCompact()) {
-        leaveFullScreen(ui->stackedWidget->currentIndex() == 0 ? Page::Countdown : Page::Clock);
-        setWindowOpacity(1.0);
-    }
+    // Escape brings back the normal window; it never closes it.
+    leaveFullScreen(ui->stackedWidget->currentIndex() == 0 ? Page::Countdown : Page::Clock);
+    setWindowOpacity(1.0);
     event->accept();
 }
 

@@ -76,4 +76,6 @@ private:
     bool clockCompact = false;
     bool countdownCompact = false;
     QMargins normalMargins;
+    // Where the window stood before it filled the screen, to go back there.
+    QPoint normalPosition;
 };
