@@ -99,18 +99,16 @@ void BoardApp::ShowOrHideBoard()
         ctrlForm->ShowOrHide();
 }
 
-// The magnifier and the screenshot tool are not built yet: the host hears nothing back,
-// so the board says in its log that it let the request go.
 void BoardApp::OpenOrCloseZoom()
 {
     if (ctrlForm)
-        qInfo("zoom: this board has no magnifier yet; the request is ignored");
+        ctrlForm->slot_zoom();
 }
 
 void BoardApp::OpenOrCloseShut()
 {
     if (ctrlForm)
-        qInfo("shut: this board has no screenshot tool yet; the request is ignored");
+        ctrlForm->slot_screen();
 }
 
 void BoardApp::OpenOrCloseTimer()

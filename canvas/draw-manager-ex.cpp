@@ -8,12 +8,14 @@
 #include "canvas/erase-item.h"
 #include "canvas/text-itemchange.h"
 #include "canvas/tool-vocabulary.h"
+#include "tools/pix-label.h"
 
 #include <QApplication>
 #include <QDebug>
 #include <QFont>
 #include <QGraphicsScene>
 #include <QGraphicsView>
+#include <QPixmap>
 #include <QPointer>
 #include <QTextCursor>
 #include <QTimer>
@@ -248,4 +250,13 @@ void DrawManagerEx::editorLostFocus(textItemchange* item)
 void DrawManagerEx::slot_changeFontSize(int size)
 {
     m_fontSize = size;
+}
+
+void DrawManagerEx::slot_screenimage(QImage screenimage)
+{
+    // Each picture lives in its own window until its "close" action deletes it.
+    auto* label = new PixLabel;
+    label->setPixmap(QPixmap::fromImage(screenimage));
+    label->show();
+    label->move(200, 200);
 }

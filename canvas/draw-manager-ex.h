@@ -4,6 +4,7 @@
 
 #include "canvas/stroke-record.h"
 
+#include <QImage>
 #include <QObject>
 #include <QPointF>
 #include <QVector>
@@ -45,6 +46,8 @@ public slots:
     void slot_redo();
     void editorLostFocus(textItemchange* item);
     void slot_changeFontSize(int size);
+    // Pins a finished screenshot on the screen in a window of its own.
+    void slot_screenimage(QImage screenimage);
 
 private:
     void runFigure();

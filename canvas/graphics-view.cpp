@@ -112,8 +112,12 @@ void GraphicsView::attachCtrlForm(CtrlForm* form)
     connect(form, &CtrlForm::sg_color, m_manager, &DrawManagerEx::slot_color);
     connect(form, &CtrlForm::sg_choose, this, &GraphicsView::slot_choose);
     connect(form, &CtrlForm::sg_test, this, &GraphicsView::slot_test);
+    connect(form, &CtrlForm::sg_timer, this, &GraphicsView::slot_timer);
+    connect(form, &CtrlForm::sg_short, this, &GraphicsView::slot_shortcut);
     connect(form, &CtrlForm::sg_showmin, this, &GraphicsView::slot_showmin);
+    connect(form, &CtrlForm::sg_screenimage, m_manager, &DrawManagerEx::slot_screenimage);
     connect(form, &CtrlForm::sg_changeFontSize, m_manager, &DrawManagerEx::slot_changeFontSize);
+    connectHotkeys();
 
     delete layout();
     form->setParent(this);

@@ -4,6 +4,7 @@
 
 #include <QGraphicsView>
 #include <QPointF>
+#include <QPointer>
 #include <QString>
 
 #ifdef Q_OS_WIN
@@ -13,6 +14,9 @@
 class CtrlForm;
 class DrawManagerEx;
 class QSettings;
+class QxtGlobalShortcut;
+class Widgettest;
+class shadowframeWidget;
 
 namespace pallo {
 
@@ -43,6 +47,10 @@ public:
     bool penDown() const { return m_penDown; }
     QString cursorName() const { return m_cursorName; }
 
+    // The timer window and the settings panel while they are open, else null.
+    Widgettest* timerWindow() const;
+    shadowframeWidget* settingsPanel() const;
+
     // Sets the movable, selectable and hover flags of every drawn item but eraser strokes.
     void setItemsMovable(bool on);
 
@@ -58,6 +66,13 @@ public slots:
     void slot_cursor(QString cursor);
     void slot_showmin();
     void slot_widstayontop();
+    void slot_timer();
+    void slot_timerexit();
+    void slot_shortcut();
+    void slot_shortwidexit();
+    void slot_zoomshortcut(QString str);
+    void slot_timershortcut(QString str);
+    void slot_screenshortcut(QString str);
 
 protected:
     bool eventFilter(QObject* object, QEvent* event) override;
@@ -75,6 +90,8 @@ private:
     void forwardAsMouse(QTabletEvent* event, const QPointF& viewportPos);
     void passState(const char* state, const QPointF& scenePos);
     QPointF toScene(const QPointF& viewportPos) const;
+    void connectHotkeys();
+    bool registerHotkey(QxtGlobalShortcut* shortcut, const QString& sequence);
 
 #ifdef Q_OS_WIN
     bool installPenHook();
@@ -85,6 +102,13 @@ private:
     DrawManagerEx* m_manager = nullptr;
     CtrlForm* m_ctrlForm = nullptr;
     QSettings* m_settings = nullptr;
+    QPointer<Widgettest> m_timerWidget;
+    QPointer<shadowframeWidget> m_shortcutWidget;
+    // The board never registers its hotkeys, so these stay null; the settings panel's
+    // changes therefore always end as refused.
+    QxtGlobalShortcut* m_zoomShortcut = nullptr;
+    QxtGlobalShortcut* m_timerShortcut = nullptr;
+    QxtGlobalShortcut* m_screenShortcut = nullptr;
     bool m_chooseMode = false;
     bool m_mouseDrawing = false;
     bool m_dragMode = false;

@@ -14,6 +14,8 @@
 #include "toolbar/size-menu.h"
 #include "toolbar/toolbar-geometry.h"
 #include "toolbar/toolbar-styles.h"
+#include "tools/screen-shot-widget.h"
+#include "tools/zoom-widget.h"
 #include "ui_ctrl-form.h"
 
 #include <QAction>
@@ -231,15 +233,20 @@ void CtrlForm::enterChooseState()
     ui->toolButton_choose->setChecked(true);
 }
 
+void CtrlForm::showOverScreen(QWidget* window)
+{
+    // Without a window manager nothing acts on the full-screen request, so the window is
+    // given the screen's size as well.
+    if (QScreen* screen = QGuiApplication::primaryScreen())
+        window->setGeometry(screen->geometry());
+    window->showFullScreen();
+}
+
 void CtrlForm::showCanvasFullScreen()
 {
     if (!m_view)
         return;
-    // Without a window manager nothing acts on the full-screen request, so the view
-    // is given the screen's size as well.
-    if (QScreen* screen = QGuiApplication::primaryScreen())
-        m_view->setGeometry(screen->geometry());
-    m_view->showFullScreen();
+    showOverScreen(m_view);
     // In select mode the toolbar is a window of its own, out of the view's layout: put it,
     // at its natural size, where that layout would. Its buttons take their final size from
     // the stylesheet only once shown, so this waits for the event loop's next turn.
@@ -389,8 +396,65 @@ void CtrlForm::changeToolType(int type)
 
 void CtrlForm::on_toolButton_zoom_clicked()
 {
-    if (m_toolType == 2)
+    switch (m_toolType) {
+    case 1:
+        slot_zoom();
+        break;
+    case 2:
         emit sg_timer();
+        break;
+    case 3:
+        slot_screen();
+        break;
+    default:
+        break;
+    }
+}
+
+ZoomWidget* CtrlForm::magnifier() const
+{
+    return m_zoom;
+}
+
+screenShotWidget* CtrlForm::screenShot() const
+{
+    return m_screenShot;
+}
+
+void CtrlForm::slot_zoom()
+{
+    if (m_zoom)
+        return;
+    m_zoom = new ZoomWidget(this);
+    showOverScreen(m_zoom);
+    connect(m_zoom, &ZoomWidget::sg_exit, this, &CtrlForm::slot_zoomexit);
+}
+
+void CtrlForm::slot_screen()
+{
+    if (m_screenShot)
+        return;
+    m_screenShot = new screenShotWidget(this);
+    showOverScreen(m_screenShot);
+    connect(m_screenShot, &screenShotWidget::sg_screenexit, this, &CtrlForm::slot_screenexit);
+    connect(m_screenShot, &screenShotWidget::sg_screenimage, this, &CtrlForm::sg_screenimage);
+    connect(m_screenShot, &screenShotWidget::sg_transtochoose, this, &CtrlForm::slot_screencutfin);
+}
+
+// Both tools announce their end from inside their own close handling, so they are deleted
+// once that has returned; the next request creates a fresh one at once.
+void CtrlForm::slot_zoomexit()
+{
+    if (m_zoom)
+        m_zoom->deleteLater();
+    m_zoom = nullptr;
+}
+
+void CtrlForm::slot_screenexit()
+{
+    if (m_screenShot)
+        m_screenShot->deleteLater();
+    m_screenShot = nullptr;
 }
 
 void CtrlForm::on_toolButton_size_clicked()

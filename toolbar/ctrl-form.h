@@ -19,6 +19,8 @@ class FontSizeMenu;
 class PenMenu;
 class PopupMenuWdiget;
 class SizeMenu;
+class ZoomWidget;
+class screenShotWidget;
 
 namespace pallo {
 class GraphicsView;
@@ -51,6 +53,9 @@ public:
     PenMenu* penMenu() const { return m_penMenu; }
     ControlMenu* controlMenu() const { return m_controlMenu; }
     EdgeHideDialog* edgeStrip() const;
+    // The magnifier and the screenshot overlay while they are open, else null.
+    ZoomWidget* magnifier() const;
+    screenShotWidget* screenShot() const;
 
     bool isHorizontal() const { return m_horizontal; }
     bool isCollapsed() const { return m_collapsed; }
@@ -84,6 +89,8 @@ signals:
 
 public slots:
     void slot_command(QString cmd);
+    void slot_zoom();
+    void slot_screen();
     void toolmenuShow();
     void fontSizeMenuShow();
     void penMenuShow();
@@ -106,6 +113,8 @@ private slots:
     void clickTextButton();
     void slot_penchange(QString name);
     void slot_controlchange(QString name);
+    void slot_zoomexit();
+    void slot_screenexit();
     void slot_screencutfin();
     void changeToolType(int type);
     void changefolderType(int type);
@@ -127,6 +136,7 @@ private:
     bool anyMenuVisible() const;
     void dock();
     void restoreFromStrip();
+    void showOverScreen(QWidget* window);
     void placeMenu(QWidget* menu, QWidget* button, QSize size, bool beside);
     QRect globalFrame() const;
     void moveGlobalFrame(const QPoint& topLeft);
@@ -142,6 +152,8 @@ private:
     PenMenu* m_penMenu = nullptr;
     ControlMenu* m_controlMenu = nullptr;
     QPointer<EdgeHideDialog> m_strip;
+    QPointer<ZoomWidget> m_zoom;
+    QPointer<screenShotWidget> m_screenShot;
     QAction* m_titleAction;
     QAction* m_aboutAction;
     QAction* m_versionAction;

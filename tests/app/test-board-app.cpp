@@ -7,6 +7,9 @@
 #include "host/local-holder.h"
 #include "tests/host/seqpacket-server.h"
 #include "toolbar/ctrl-form.h"
+#include "tools/screen-shot-widget.h"
+#include "tools/widgettest.h"
+#include "tools/zoom-widget.h"
 
 #include <QAbstractButton>
 #include <QButtonGroup>
@@ -105,7 +108,7 @@ private slots:
     void hostMessagesReachTheToolbar();
     void showOrHideAndHide();
     void circleModeSwitchesSelectAndDrag();
-    void zoomAndShutLeaveTheBoardRunning();
+    void toolRequestsOpenTheirTools();
     void hostDisconnectEndsTheLoopWithZero();
     void unopenablePipeEndsTheLoopWithMinusOne_data();
     void unopenablePipeEndsTheLoopWithMinusOne();
@@ -247,19 +250,38 @@ void TestBoardApp::circleModeSwitchesSelectAndDrag()
     QVERIFY(toolbar->isChooseMode());
 }
 
-void TestBoardApp::zoomAndShutLeaveTheBoardRunning()
+void TestBoardApp::toolRequestsOpenTheirTools()
 {
     QVERIFY(startConnected());
-    QTest::ignoreMessage(QtInfoMsg,
-                         "zoom: this board has no magnifier yet; the request is ignored");
-    QTest::ignoreMessage(QtInfoMsg,
-                         "shut: this board has no screenshot tool yet; the request is ignored");
+    CtrlForm* toolbar = board->app->toolbar();
+    QVERIFY(server->send(R"({"type":"zoom"})"));
+    QTRY_VERIFY(toolbar->magnifier() && toolbar->magnifier()->isVisible());
+    QVERIFY(toolbar->magnifier()->isFullScreen());
+    QVERIFY(server->send(R"({"type":"shut"})"));
+    QTRY_VERIFY(toolbar->screenShot() && toolbar->screenShot()->isVisible());
+    QVERIFY(toolbar->screenShot()->isFullScreen());
+
+    // A second request while a tool is open opens no second one.
+    QPointer<ZoomWidget> magnifier = toolbar->magnifier();
+    QPointer<screenShotWidget> screenShot = toolbar->screenShot();
     QVERIFY(server->send(R"({"type":"zoom"})"));
     QVERIFY(server->send(R"({"type":"shut"})"));
-    QSignalSpy marker(board->app->toolbar(), SIGNAL(sg_clear()));
+    QSignalSpy marker(toolbar, SIGNAL(sg_clear()));
     QVERIFY(server->send(R"({"type":"trash_can"})"));
     QTRY_COMPARE(marker.count(), 1);
-    QVERIFY(board->app->toolbar()->isVisible());
+    QCOMPARE(toolbar->magnifier(), magnifier.data());
+    QCOMPARE(toolbar->screenShot(), screenShot.data());
+    QCOMPARE(toolbar->findChildren<ZoomWidget*>().size(), 1);
+    QCOMPARE(toolbar->findChildren<screenShotWidget*>().size(), 1);
+    QVERIFY(toolbar->isVisible());
+
+    // The timer toggles.
+    pallo::GraphicsView* view = toolbar->canvasView();
+    QVERIFY(server->send(R"({"type":"timer"})"));
+    QTRY_VERIFY(view->timerWindow() && view->timerWindow()->isVisible());
+    QVERIFY(server->send(R"({"type":"timer"})"));
+    QTRY_VERIFY(!view->timerWindow());
+    QCOMPARE(view->findChildren<Widgettest*>().size(), 0);
 }
 
 void TestBoardApp::hostDisconnectEndsTheLoopWithZero()

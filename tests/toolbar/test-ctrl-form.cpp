@@ -12,12 +12,16 @@
 #include "toolbar/popup-menu-wdiget.h"
 #include "toolbar/size-menu.h"
 #include "toolbar/toolbar-geometry.h"
+#include "tools/screen-shot-widget.h"
+#include "tools/zoom-widget.h"
 
 #include <QAbstractButton>
 #include <QBoxLayout>
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QFrame>
+#include <QPointer>
+#include <QPushButton>
 #include <QScreen>
 #include <QSettings>
 #include <QToolButton>
@@ -109,6 +113,8 @@ private slots:
     void hostCommand();
     void toolTypes_data();
     void toolTypes();
+    void closedToolsOpenAfresh();
+    void savedScreenshotGoesOnAndSelects();
     void timerFromToolsMenu();
     void finishedScreenshotSelects();
     void dragSnapsFlush();
@@ -595,10 +601,16 @@ void TestCtrlForm::toolTypes_data()
     QTest::addColumn<int>("storedType");
     QTest::addColumn<QString>("image");
     QTest::addColumn<bool>("timer");
-    QTest::newRow("timer") << 2 << 2 << ":/images/tool_time_default_d.png" << true;
-    QTest::newRow("magnifier") << 1 << 1 << ":/images/tool_fangdajing_default_d.png" << false;
-    QTest::newRow("screenshot") << 3 << 3 << ":/images/tool_jieping_default_d.png" << false;
-    QTest::newRow("unknown") << 7 << 1 << QString() << false;
+    QTest::addColumn<bool>("magnifier");
+    QTest::addColumn<bool>("screenshot");
+    QTest::newRow("timer") << 2 << 2 << ":/images/tool_time_default_d.png" << true << false
+                           << false;
+    QTest::newRow("magnifier") << 1 << 1 << ":/images/tool_fangdajing_default_d.png" << false
+                               << true << false;
+    QTest::newRow("screenshot") << 3 << 3 << ":/images/tool_jieping_default_d.png" << false << false
+                                << true;
+    // The button keeps starting the magnifier.
+    QTest::newRow("unknown") << 7 << 1 << QString() << false << true << false;
 }
 
 void TestCtrlForm::toolTypes()
@@ -607,6 +619,8 @@ void TestCtrlForm::toolTypes()
     QFETCH(int, storedType);
     QFETCH(QString, image);
     QFETCH(bool, timer);
+    QFETCH(bool, magnifier);
+    QFETCH(bool, screenshot);
     QVERIFY(makeFloating());
     auto* zoom = m_form->findChild<QToolButton*>("toolButton_zoom");
     const QString before = zoom->styleSheet();
@@ -619,11 +633,64 @@ void TestCtrlForm::toolTypes()
         QVERIFY(zoom->styleSheet().contains(QString("border-image:url(%1)").arg(image)));
     // The tool starts 200 ms later, not at once.
     QCOMPARE(spy.count(), 0);
+    QVERIFY(!m_form->magnifier() && !m_form->screenShot());
     QTest::qWait(400);
     QCOMPARE(spy.count(), timer ? 1 : 0);
-    // The zoom button itself now starts the same tool.
+    QCOMPARE(m_form->magnifier() != nullptr, magnifier);
+    QCOMPARE(m_form->screenShot() != nullptr, screenshot);
+    QWidget* tool = magnifier ? static_cast<QWidget*>(m_form->magnifier())
+                              : static_cast<QWidget*>(m_form->screenShot());
+    if (tool) {
+        QVERIFY(tool->isVisible());
+        QVERIFY(tool->isFullScreen());
+        QCOMPARE(tool->geometry(), QGuiApplication::primaryScreen()->geometry());
+    }
+    // The zoom button itself now starts the same tool; an open one is not opened twice.
     QTest::mouseClick(zoom, Qt::LeftButton, {}, QPoint(4, 4));
     QCOMPARE(spy.count(), timer ? 2 : 0);
+    QCOMPARE(m_form->findChildren<ZoomWidget*>().size(), magnifier ? 1 : 0);
+    QCOMPARE(m_form->findChildren<screenShotWidget*>().size(), screenshot ? 1 : 0);
+}
+
+// Closing a tool, by its own button or otherwise, lets the next request open a new one.
+void TestCtrlForm::closedToolsOpenAfresh()
+{
+    QVERIFY(makeFloating());
+    m_form->slot_zoom();
+    QPointer<ZoomWidget> magnifier = m_form->magnifier();
+    QVERIFY(magnifier);
+    magnifier->findChild<QPushButton*>("pushButton_zoom_close")->click();
+    QVERIFY(!m_form->magnifier());
+    QTRY_VERIFY(!magnifier);
+    m_form->slot_zoom();
+    QVERIFY(m_form->magnifier());
+
+    m_form->slot_screen();
+    QPointer<screenShotWidget> screenShot = m_form->screenShot();
+    QVERIFY(screenShot);
+    screenShot->findChild<QPushButton*>("pushButton_screenshot_close")->click();
+    QVERIFY(!m_form->screenShot());
+    QTRY_VERIFY(!screenShot);
+    m_form->slot_screen();
+    QVERIFY(m_form->screenShot());
+}
+
+// A saved screenshot goes on to the canvas as a picture, and the board returns to select
+// mode.
+void TestCtrlForm::savedScreenshotGoesOnAndSelects()
+{
+    QVERIFY(makeFloating());
+    SignalLog log(m_form);
+    QSignalSpy pictures(m_form, &CtrlForm::sg_screenimage);
+    connect(m_form, &CtrlForm::sg_screenimage, &log, [&log] { log.log << "picture"; });
+    m_form->slot_screen();
+    QPointer<screenShotWidget> screenShot = m_form->screenShot();
+    screenShot->findChild<QPushButton*>("pushButton_screenshot")->click();
+    QCOMPARE(pictures.count(), 1);
+    QCOMPARE(log.log, QStringList({"picture", "choose"}));
+    QCOMPARE(m_form->figureGroup()->checkedId(), 6);
+    QVERIFY(!m_form->screenShot());
+    QTRY_VERIFY(!screenShot);
 }
 
 void TestCtrlForm::timerFromToolsMenu()
