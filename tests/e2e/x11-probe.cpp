@@ -19,23 +19,41 @@ Display* dpy(void* display)
     return static_cast<Display*>(display);
 }
 
-qint64 windowPid(Display* display, ::Window window)
+// The raw bytes of a window property of the given type and format, or nothing.
+QByteArray property(Display* display, ::Window window, const char* name, Atom wanted,
+                    int wantedFormat)
 {
-    const Atom pidAtom = XInternAtom(display, "_NET_WM_PID", False);
     Atom type = None;
     int format = 0;
     unsigned long count = 0;
     unsigned long after = 0;
     unsigned char* data = nullptr;
-    qint64 pid = -1;
-    if (XGetWindowProperty(display, window, pidAtom, 0, 1, False, XA_CARDINAL, &type, &format,
-                           &count, &after, &data) == Success &&
+    QByteArray bytes;
+    if (XGetWindowProperty(display, window, XInternAtom(display, name, False), 0, 1024, False,
+                           wanted, &type, &format, &count, &after, &data) == Success &&
         data != nullptr) {
-        if (type == XA_CARDINAL && format == 32 && count == 1)
-            pid = static_cast<qint64>(*reinterpret_cast<unsigned long*>(data));
+        if (type == wanted && format == wantedFormat) {
+            // Xlib hands 32-bit items over as longs.
+            const int itemSize = format == 32 ? int(sizeof(long)) : format / 8;
+            bytes = QByteArray(reinterpret_cast<const char*>(data), int(count) * itemSize);
+        }
         XFree(data);
     }
-    return pid;
+    return bytes;
+}
+
+qint64 windowPid(Display* display, ::Window window)
+{
+    const QByteArray bytes = property(display, window, "_NET_WM_PID", XA_CARDINAL, 32);
+    if (bytes.size() != int(sizeof(unsigned long)))
+        return -1;
+    return static_cast<qint64>(*reinterpret_cast<const unsigned long*>(bytes.constData()));
+}
+
+QString windowTitle(Display* display, ::Window window)
+{
+    return QString::fromUtf8(
+        property(display, window, "_NET_WM_NAME", XInternAtom(display, "UTF8_STRING", False), 8));
 }
 
 } // namespace
@@ -68,6 +86,7 @@ QList<X11Probe::Window> X11Probe::windowsOf(qint64 pid) const
         window.id = children[i];
         window.geometry = QRect(attributes.x, attributes.y, attributes.width, attributes.height);
         window.viewable = attributes.map_state == IsViewable;
+        window.title = windowTitle(display, children[i]);
         found.append(window);
     }
     if (children != nullptr)
@@ -104,6 +123,15 @@ X11Probe::Window X11Probe::toolbarOf(qint64 pid) const
                        DisplayHeight(display, DefaultScreen(display)));
     for (const Window& window : viewableWindowsOf(pid)) {
         if (window.geometry.width() < screen.width() && window.geometry.height() > 1)
+            return window;
+    }
+    return Window();
+}
+
+X11Probe::Window X11Probe::windowTitled(qint64 pid, const QString& title) const
+{
+    for (const Window& window : viewableWindowsOf(pid)) {
+        if (window.title == title)
             return window;
     }
     return Window();

@@ -6,6 +6,7 @@
 #include <QList>
 #include <QPoint>
 #include <QRect>
+#include <QString>
 
 // What the X server shows of another process: its top-level windows, their input shape,
 // the screen's pixels; and a way to ask its windows to close. Opens its own connection
@@ -18,6 +19,7 @@ public:
         unsigned long id = 0;
         QRect geometry;
         bool viewable = false;
+        QString title;
     };
 
     X11Probe();
@@ -35,6 +37,8 @@ public:
     Window canvasOf(qint64 pid) const;
     // The viewable window of pid smaller than the screen (the toolbar), or one with id 0.
     Window toolbarOf(qint64 pid) const;
+    // The viewable window of pid with this title, or one with id 0.
+    Window windowTitled(qint64 pid, const QString& title) const;
 
     // True when window upper lies above window lower among the screen's top-level windows.
     bool stackedAbove(unsigned long upper, unsigned long lower) const;
