@@ -24,8 +24,6 @@ private slots:
     void circleModeTogglesBetweenDesktopOperationAndDrag();
     void trashCanClearsTheCanvas();
     void undoAndRedoOfAStroke();
-    void toolsWithoutWindowsAreAccepted_data();
-    void toolsWithoutWindowsAreAccepted();
 
 private:
     bool hasCanvasAndToolbar() const;
@@ -169,33 +167,6 @@ void TestBoardMessagesE2e::undoAndRedoOfAStroke()
 
     QVERIFY(board->send(R"({"type":"redo"})"));
     QTRY_COMPARE_WITH_TIMEOUT(redInStrokeArea(), drawn, 5000);
-}
-
-void TestBoardMessagesE2e::toolsWithoutWindowsAreAccepted_data()
-{
-    QTest::addColumn<QByteArray>("message");
-    QTest::addColumn<QByteArray>("logged");
-    QTest::newRow("zoom") << QByteArray(R"({"type":"zoom"})")
-                          << QByteArray("zoom: this board has no magnifier yet");
-    QTest::newRow("shut") << QByteArray(R"({"type":"shut"})")
-                          << QByteArray("shut: this board has no screenshot tool yet");
-    QTest::newRow("timer") << QByteArray(R"({"type":"timer"})") << QByteArray();
-}
-
-void TestBoardMessagesE2e::toolsWithoutWindowsAreAccepted()
-{
-    QFETCH(QByteArray, message);
-    QFETCH(QByteArray, logged);
-    QVERIFY(board->send(message));
-    QVERIFY(board->send(message));
-    QVERIFY(!board->waitForExit(300));
-    QVERIFY(hasCanvasAndToolbar());
-    if (!logged.isEmpty())
-        QTRY_COMPARE_WITH_TIMEOUT(board->errors().count(logged), 2, 5000);
-
-    // The board still follows its host afterwards.
-    QVERIFY(board->send(R"({"type":"hide"})"));
-    QTRY_VERIFY_WITH_TIMEOUT(probe.viewableWindowsOf(board->pid()).isEmpty(), 5000);
 }
 
 QTEST_MAIN(TestBoardMessagesE2e)

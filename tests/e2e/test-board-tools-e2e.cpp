@@ -1,0 +1,285 @@
+// SPDX-FileCopyrightText: 2026 pallo-board developers
+// SPDX-License-Identifier: MIT
+#include "app/scale-factor.h"
+#include "tests/e2e/e2e-board.h"
+#include "tests/e2e/toolbar-layout.h"
+#include "tests/e2e/x11-probe.h"
+#include "tests/e2e/xdotool.h"
+
+#include <QClipboard>
+#include <QDir>
+#include <QFile>
+#include <QGuiApplication>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QRegularExpression>
+#include <QScreen>
+#include <QtTest>
+
+// The host's tool messages sent to a real board, and the tools as a user meets them on
+// screen: the magnifier, the screenshot with its file, clipboard and pinned picture, and
+// the timer window; and the stored hotkeys, which the board never registers.
+class TestBoardToolsE2e : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+    void magnifierCoversTheScreenOnceAndClosesByItsButton();
+    void screenshotIsSavedCopiedPinnedAndSelects();
+    void timerMessageTogglesTheTimerWindow();
+    void storedHotkeysDoNothing();
+
+private:
+    bool hasCanvasAndToolbar() const;
+    int windowsTitled(const QString& title) const;
+    X11Probe::Window timerWindow() const;
+    void pickPen();
+    // Where the tools place their round buttons under a rectangle of the screen.
+    QPoint buttonCentre(const QRect& frame, bool right) const;
+
+    X11Probe probe;
+    ToolbarLayout toolbar;
+    double s = 1.0;
+    QRect screen;
+    std::unique_ptr<E2eBoard> board;
+    QString shots;
+};
+
+namespace {
+
+bool isOrange(QRgb p)
+{
+    return qAbs(qRed(p) - 0xF5) < 40 && qAbs(qGreen(p) - 0xA6) < 40 && qBlue(p) < 90;
+}
+
+bool isReddish(QRgb p)
+{
+    return qRed(p) > 150 && qGreen(p) < 100 && qBlue(p) < 100;
+}
+
+int countPixels(const QImage& image, bool (*test)(QRgb))
+{
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            count += test(image.pixel(x, y)) ? 1 : 0;
+    }
+    return count;
+}
+
+// What the screen showed, kept for people to look at.
+void keepScreen(const X11Probe& probe, const QString& name)
+{
+    const QString folder = qEnvironmentVariable("PALLO_TEST_OUTPUT");
+    if (folder.isEmpty())
+        return;
+    QDir().mkpath(folder);
+    probe.grabScreen().save(QDir(folder).filePath(name + ".png"));
+}
+
+int truncated(double value)
+{
+    return static_cast<int>(value);
+}
+
+} // namespace
+
+void TestBoardToolsE2e::initTestCase()
+{
+    QVERIFY(probe.isValid());
+    toolbar = measureToolbarLayout();
+    QVERIFY(!toolbar.size.isEmpty());
+    s = screenScaleFactor();
+    screen = QGuiApplication::primaryScreen()->geometry();
+}
+
+void TestBoardToolsE2e::init()
+{
+    board = std::make_unique<E2eBoard>();
+    // The host keeps the screenshot folder and format in the store it shares.
+    shots = QDir(board->folder()).filePath("shots");
+    QVERIFY(QDir().mkpath(shots));
+    QFile store(QDir(board->folder()).filePath("bridge.json"));
+    QVERIFY(store.open(QIODevice::WriteOnly));
+    store.write(
+        QJsonDocument(QJsonObject{{"screen.shot.path", shots}, {"screen.shot.format", "png"}})
+            .toJson());
+    store.close();
+    QVERIFY(board->startWithHost());
+    QTRY_VERIFY_WITH_TIMEOUT(hasCanvasAndToolbar(), 10000);
+    QTRY_COMPARE_WITH_TIMEOUT(probe.toolbarOf(board->pid()).geometry.size(), toolbar.size, 5000);
+}
+
+void TestBoardToolsE2e::cleanup()
+{
+    if (board) {
+        board->closePipe();
+        QVERIFY(board->waitForExit(1000));
+        QCOMPARE(board->exitCode(), 0);
+    }
+    board.reset();
+}
+
+bool TestBoardToolsE2e::hasCanvasAndToolbar() const
+{
+    return probe.canvasOf(board->pid()).id != 0 && probe.toolbarOf(board->pid()).id != 0;
+}
+
+int TestBoardToolsE2e::windowsTitled(const QString& title) const
+{
+    int count = 0;
+    for (const X11Probe::Window& window : probe.viewableWindowsOf(board->pid()))
+        count += window.title == title ? 1 : 0;
+    return count;
+}
+
+X11Probe::Window TestBoardToolsE2e::timerWindow() const
+{
+    const QSize size(qRound(424 * s), qRound(366 * s));
+    for (const X11Probe::Window& window : probe.viewableWindowsOf(board->pid())) {
+        if (window.geometry.size() == size)
+            return window;
+    }
+    return X11Probe::Window();
+}
+
+void TestBoardToolsE2e::pickPen()
+{
+    const X11Probe::Window bar = probe.toolbarOf(board->pid());
+    QVERIFY(xdotool::click(bar.geometry.topLeft() + toolbar.penCentre));
+    QTRY_VERIFY_WITH_TIMEOUT(!probe.inputShapeEmpty(probe.canvasOf(board->pid()).id), 5000);
+}
+
+QPoint TestBoardToolsE2e::buttonCentre(const QRect& frame, bool right) const
+{
+    const int d = truncated(-22 * s);
+    const int y = frame.bottom() + 7 - d;
+    return QPoint(right ? frame.center().x() - d + 2 : frame.center().x() - truncated(22 * s) - 2,
+                  y);
+}
+
+void TestBoardToolsE2e::magnifierCoversTheScreenOnceAndClosesByItsButton()
+{
+    QVERIFY(board->send(R"({"type":"zoom"})"));
+    QTRY_VERIFY_WITH_TIMEOUT(probe.windowTitled(board->pid(), "ZoomWidget").id != 0, 5000);
+    const X11Probe::Window magnifier = probe.windowTitled(board->pid(), "ZoomWidget");
+    QCOMPARE(magnifier.geometry, screen);
+    QVERIFY(probe.stackedAbove(magnifier.id, probe.canvasOf(board->pid()).id));
+
+    // The lens: an orange frame in the middle of the screen.
+    QRect lens(0, 0, truncated(408 * s), truncated(329 * s));
+    lens.moveCenter(QPoint(screen.width() / 2, screen.height() / 2));
+    QTRY_VERIFY_WITH_TIMEOUT(countPixels(probe.grabScreen().copy(lens.adjusted(-2, -2, 2, 2)),
+                                         isOrange) > lens.width() * 2,
+                             5000);
+
+    keepScreen(probe, "tools-e2e-magnifier");
+
+    // Asked again while it is open, the board opens no second one.
+    QVERIFY(board->send(R"({"type":"zoom"})"));
+    QVERIFY(board->send(R"({"type":"redo"})"));
+    QTest::qWait(300);
+    QCOMPARE(windowsTitled("ZoomWidget"), 1);
+
+    QVERIFY(xdotool::click(buttonCentre(lens, true)));
+    QTRY_COMPARE_WITH_TIMEOUT(windowsTitled("ZoomWidget"), 0, 5000);
+    QVERIFY(board->running());
+    QVERIFY(hasCanvasAndToolbar());
+
+    // A fresh one opens on the next request.
+    QVERIFY(board->send(R"({"type":"zoom"})"));
+    QTRY_COMPARE_WITH_TIMEOUT(windowsTitled("ZoomWidget"), 1, 5000);
+}
+
+void TestBoardToolsE2e::screenshotIsSavedCopiedPinnedAndSelects()
+{
+    // Something drawn across the middle of the screen, to find in the picture.
+    pickPen();
+    QVERIFY(xdotool::stroke({{800, 500}, {900, 530}, {1000, 560}, {1100, 590}}));
+    QTRY_VERIFY_WITH_TIMEOUT(
+        countPixels(probe.grabScreen().copy(QRect(780, 480, 340, 130)), isReddish) > 100, 5000);
+
+    QVERIFY(board->send(R"({"type":"shut"})"));
+    QTRY_VERIFY_WITH_TIMEOUT(probe.windowTitled(board->pid(), "screenShotWidget").id != 0, 5000);
+    const X11Probe::Window overlay = probe.windowTitled(board->pid(), "screenShotWidget");
+    QCOMPARE(overlay.geometry, screen);
+    QRect selection(0, 0, truncated(300 * s), truncated(300 * s));
+    selection.moveCenter(QPoint(screen.width() / 2, screen.height() / 2));
+    QTRY_VERIFY_WITH_TIMEOUT(countPixels(probe.grabScreen().copy(selection.adjusted(-2, -2, 2, 2)),
+                                         isOrange) > selection.width() * 2,
+                             5000);
+    keepScreen(probe, "tools-e2e-screenshot");
+    // The stroke under the overlay is part of the still picture it shows.
+    const QImage shown = probe.grabScreen().copy(selection.adjusted(3, 3, -3, -3));
+    QVERIFY(countPixels(shown, isReddish) > 100);
+
+    QVERIFY(xdotool::click(buttonCentre(selection, false)));
+    QTRY_COMPARE_WITH_TIMEOUT(windowsTitled("screenShotWidget"), 0, 5000);
+
+    // The file, named by the time of saving, holds the selected part of the screen.
+    QStringList files;
+    QTRY_VERIFY_WITH_TIMEOUT(!(files = QDir(shots).entryList(QDir::Files)).isEmpty(), 5000);
+    QCOMPARE(files.size(), 1);
+    QVERIFY2(QRegularExpression("^\\d{4}-\\d\\d-\\d\\d-\\d\\d-\\d\\d-\\d\\d\\.png$")
+                 .match(files.first())
+                 .hasMatch(),
+             qPrintable(files.first()));
+    const QImage saved(QDir(shots).filePath(files.first()));
+    QCOMPARE(saved.size(), selection.size());
+    QVERIFY(countPixels(saved, isReddish) > 100);
+
+    // The clipboard holds the same picture.
+    QTRY_VERIFY_WITH_TIMEOUT(!QGuiApplication::clipboard()->image().isNull(), 5000);
+    QCOMPARE(QGuiApplication::clipboard()->image().convertToFormat(QImage::Format_RGB32),
+             saved.convertToFormat(QImage::Format_RGB32));
+
+    // It is pinned on the screen in a window of its own, at (200, 200).
+    X11Probe::Window pinned;
+    QTRY_VERIFY_WITH_TIMEOUT(
+        [&] {
+            for (const X11Probe::Window& window : probe.viewableWindowsOf(board->pid())) {
+                if (window.geometry.topLeft() == QPoint(200, 200))
+                    pinned = window;
+            }
+            return pinned.id != 0;
+        }(),
+        5000);
+    QVERIFY(pinned.geometry.width() >= selection.width());
+    keepScreen(probe, "tools-e2e-pinned");
+    QVERIFY(countPixels(probe.grabScreen().copy(pinned.geometry), isReddish) > 100);
+
+    // And the board is back in select mode: clicks go through to the desktop.
+    QTRY_VERIFY_WITH_TIMEOUT(probe.inputShapeEmpty(probe.canvasOf(board->pid()).id), 5000);
+}
+
+void TestBoardToolsE2e::timerMessageTogglesTheTimerWindow()
+{
+    QVERIFY(timerWindow().id == 0);
+    QVERIFY(board->send(R"({"type":"timer"})"));
+    QTRY_VERIFY_WITH_TIMEOUT(timerWindow().id != 0, 5000);
+    QVERIFY(probe.stackedAbove(timerWindow().id, probe.canvasOf(board->pid()).id));
+    keepScreen(probe, "tools-e2e-timer");
+    QVERIFY(board->send(R"({"type":"timer"})"));
+    QTRY_VERIFY_WITH_TIMEOUT(timerWindow().id == 0, 5000);
+    QVERIFY(hasCanvasAndToolbar());
+}
+
+// The settings hold Ctrl+M for the timer, Ctrl+B for the magnifier and Alt+S for the
+// screenshot, but nothing registers them: pressing them opens nothing.
+void TestBoardToolsE2e::storedHotkeysDoNothing()
+{
+    const int before = probe.viewableWindowsOf(board->pid()).size();
+    for (const char* keys : {"ctrl+m", "ctrl+b", "alt+s"})
+        QVERIFY(xdotool::run({"key", keys}));
+    QTest::qWait(500);
+    QCOMPARE(probe.viewableWindowsOf(board->pid()).size(), before);
+    QCOMPARE(timerWindow().id, 0ul);
+    QCOMPARE(windowsTitled("ZoomWidget"), 0);
+    QCOMPARE(windowsTitled("screenShotWidget"), 0);
+}
+
+QTEST_MAIN(TestBoardToolsE2e)
+#include "test-board-tools-e2e.moc"
