@@ -146,14 +146,14 @@ void Widgettest::slot_time_out()
     update();
 }
 
-// Back to the window with tabs, white and opaque at its normal size.
+// Back to the window with tabs, white at its normal size. Its opacity stays: only
+// Escape makes a window that was compact opaque again.
 void Widgettest::showNormalWindow()
 {
     const bool wasFull = isFull();
     setChromeVisible(true);
     layout()->setContentsMargins(normalMargins);
     setWindowBrush(Qt::white);
-    setWindowOpacity(1.0);
     showNormal();
     setFixedSize(timerNormalSize(screenScaleFactor()));
     if (wasFull)
@@ -163,13 +163,10 @@ void Widgettest::showNormalWindow()
 void Widgettest::restore(Page page)
 {
     showNormalWindow();
+    // Restarted whether or not the clock runs, so the window also shrinks five seconds
+    // after leaving full screen with a stopped clock.
     autoCompact.stop();
-    // A stopped clock has nothing to watch from afar, so only a running one
-    // shrinks the window again.
-    const bool running =
-        page == Page::Countdown ? countdown()->isRunning() : stopwatch()->isRunning();
-    if (running)
-        autoCompact.start(5000);
+    autoCompact.start(5000);
     if (page == Page::Countdown) {
         countdownCompact = false;
         countdown()->normalLook();
