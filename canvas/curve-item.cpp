@@ -32,27 +32,9 @@ CurveItem::~CurveItem()
     m_hoverCursor.leave();
 }
 
-void CurveItem::setPath(const QPainterPath& path)
-{
-    prepareGeometryChange();
-    m_stroke = StrokePath(path);
-    m_bounds = tightBounds();
-    update();
-}
-
 void CurveItem::lineTo(const QPointF& point)
 {
-    const QRectF segment = m_stroke.lineTo(point);
-    if (segment.isNull())
-        return;
-    const qreal r = reach();
-    const QRectF dirty = segment.adjusted(-r, -r, r, r);
-    if (m_bounds.contains(dirty)) {
-        update(dirty);
-        return;
-    }
-    prepareGeometryChange();
-    m_bounds = StrokePath::roomToGrow(tightBounds());
+    segmentAdded(stroke().lineTo(point));
 }
 
 qreal CurveItem::reach() const
@@ -62,22 +44,9 @@ qreal CurveItem::reach() const
     return m_width / 2.0 + 2;
 }
 
-QRectF CurveItem::tightBounds() const
-{
-    if (m_stroke.path().elementCount() == 0)
-        return QRectF();
-    const qreal r = reach();
-    return m_stroke.pointBounds().adjusted(-r, -r, r, r);
-}
-
-QRectF CurveItem::boundingRect() const
-{
-    return m_bounds;
-}
-
 QPainterPath CurveItem::shape() const
 {
-    const QPainterPath& path = m_stroke.path();
+    const QPainterPath& path = stroke().path();
     if (path.isEmpty())
         return path;
     QPainterPathStroker stroker;
@@ -101,7 +70,7 @@ void CurveItem::paint(QPainter* painter, const QStyleOptionGraphicsItem* option,
     painter->setBrush(Qt::NoBrush);
     // A repaint of a small area strokes only the part of a long path that can reach it.
     const QRectF area = clipArea(painter);
-    painter->drawPath(area.isNull() ? m_stroke.path() : m_stroke.partNear(area, reach()));
+    painter->drawPath(area.isNull() ? stroke().path() : stroke().partNear(area, reach()));
 }
 
 void CurveItem::hoverEnterEvent(QGraphicsSceneHoverEvent* event)

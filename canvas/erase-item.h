@@ -2,13 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "canvas/stroke-path.h"
-
-#include <QGraphicsPathItem>
+#include "canvas/stroke-item.h"
 
 // One eraser stroke. It clears the pixels of whatever was painted beneath its path; the
 // items beneath stay as they are.
-class EraseItem : public QGraphicsPathItem
+class EraseItem : public StrokeItem
 {
 public:
     enum
@@ -21,22 +19,13 @@ public:
 
     int type() const override { return Type; }
 
-    // The path lives here, not in the path item, so that a segment is added without copying
-    // the path; these two stand in for the path item's own.
-    QPainterPath path() const { return m_stroke.path(); }
-    void setPath(const QPainterPath& path);
     // Adds the segment from one point to another as a subpath of its own and repaints only
     // around it.
     void addSegment(const QPointF& from, const QPointF& to);
 
-    QRectF boundingRect() const override;
     QPainterPath shape() const override;
     void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) override;
 
-private:
-    qreal reach() const;
-    QRectF tightBounds() const;
-
-    StrokePath m_stroke;
-    QRectF m_bounds;
+protected:
+    qreal reach() const override;
 };

@@ -6,6 +6,7 @@
 #include "canvas/graphics-view.h"
 
 #include "toolbar/ctrl-form.h"
+#include "tools/drop-later.h"
 #include "tools/qxt-global-shortcut.h"
 #include "tools/shadowframe-widget.h"
 #include "tools/widgettest.h"
@@ -41,10 +42,7 @@ void GraphicsView::slot_timer()
 
 void GraphicsView::slot_timerexit()
 {
-    // The window is still inside its own quit handler.
-    if (m_timerWidget)
-        m_timerWidget->deleteLater();
-    m_timerWidget = nullptr;
+    dropLater(m_timerWidget);
 }
 
 void GraphicsView::slot_shortcut()
@@ -77,54 +75,53 @@ void GraphicsView::slot_shortcut()
 
 void GraphicsView::slot_shortwidexit()
 {
-    // The panel is still inside its own close handler.
-    if (m_shortcutWidget)
-        m_shortcutWidget->deleteLater();
-    m_shortcutWidget = nullptr;
+    dropLater(m_shortcutWidget);
 }
 
 void GraphicsView::connectHotkeys()
 {
-    if (m_zoomShortcut)
-        connect(m_zoomShortcut, &QxtGlobalShortcut::activated, m_ctrlForm, &CtrlForm::slot_zoom);
-    if (m_timerShortcut)
-        connect(m_timerShortcut, &QxtGlobalShortcut::activated, this, &GraphicsView::slot_timer);
-    if (m_screenShortcut)
-        connect(m_screenShortcut, &QxtGlobalShortcut::activated, m_ctrlForm,
-                &CtrlForm::slot_screen);
+    for (QxtGlobalShortcut* shortcut : {m_zoomShortcut, m_timerShortcut, m_screenShortcut})
+        connectHotkey(shortcut);
 }
 
-bool GraphicsView::registerHotkey(QxtGlobalShortcut* shortcut, const QString& sequence)
+void GraphicsView::connectHotkey(QxtGlobalShortcut* shortcut)
 {
-    if (shortcut && shortcut->setShortcut(QKeySequence(sequence)))
-        return true;
-    qDebug() << "快捷键已占用";
-    return false;
+    if (!shortcut)
+        return;
+    if (shortcut == m_timerShortcut)
+        connect(shortcut, &QxtGlobalShortcut::activated, this, &GraphicsView::slot_timer);
+    else if (shortcut == m_zoomShortcut)
+        connect(shortcut, &QxtGlobalShortcut::activated, m_ctrlForm, &CtrlForm::slot_zoom);
+    else
+        connect(shortcut, &QxtGlobalShortcut::activated, m_ctrlForm, &CtrlForm::slot_screen);
+}
+
+// Every successful change adds one more connection to the hotkey's target.
+void GraphicsView::changeHotkey(QxtGlobalShortcut* shortcut, const QString& key,
+                                const QString& sequence)
+{
+    if (!shortcut || !shortcut->setShortcut(QKeySequence(sequence))) {
+        qDebug() << "快捷键已占用";
+        return;
+    }
+    connectHotkey(shortcut);
+    m_settings->setValue(key, sequence);
 }
 
 void GraphicsView::slot_zoomshortcut(QString str)
 {
-    if (!registerHotkey(m_zoomShortcut, str))
-        return;
-    connect(m_zoomShortcut, &QxtGlobalShortcut::activated, m_ctrlForm, &CtrlForm::slot_zoom);
-    m_settings->setValue("zoom", str);
+    changeHotkey(m_zoomShortcut, "zoom", str);
 }
 
 void GraphicsView::slot_timershortcut(QString str)
 {
-    if (!registerHotkey(m_timerShortcut, str))
-        return;
-    connect(m_timerShortcut, &QxtGlobalShortcut::activated, this, &GraphicsView::slot_timer);
-    m_settings->setValue("timer", str);
+    changeHotkey(m_timerShortcut, "timer", str);
 }
 
 void GraphicsView::slot_screenshortcut(QString str)
 {
     qDebug() << "screen快捷键";
-    if (!registerHotkey(m_screenShortcut, str))
-        return;
-    connect(m_screenShortcut, &QxtGlobalShortcut::activated, m_ctrlForm, &CtrlForm::slot_screen);
-    m_settings->setValue("screen", str);
+    changeHotkey(m_screenShortcut, "screen", str);
 }
 
 } // namespace pallo

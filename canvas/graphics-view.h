@@ -91,7 +91,8 @@ private:
     void passState(const char* state, const QPointF& scenePos);
     QPointF toScene(const QPointF& viewportPos) const;
     void connectHotkeys();
-    bool registerHotkey(QxtGlobalShortcut* shortcut, const QString& sequence);
+    void connectHotkey(QxtGlobalShortcut* shortcut);
+    void changeHotkey(QxtGlobalShortcut* shortcut, const QString& key, const QString& sequence);
 
 #ifdef Q_OS_WIN
     bool installPenHook();

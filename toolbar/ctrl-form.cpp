@@ -14,6 +14,7 @@
 #include "toolbar/size-menu.h"
 #include "toolbar/toolbar-geometry.h"
 #include "toolbar/toolbar-styles.h"
+#include "tools/drop-later.h"
 #include "tools/screen-shot-widget.h"
 #include "tools/zoom-widget.h"
 #include "ui_ctrl-form.h"
@@ -441,20 +442,14 @@ void CtrlForm::slot_screen()
     connect(m_screenShot, &screenShotWidget::sg_transtochoose, this, &CtrlForm::slot_screencutfin);
 }
 
-// Both tools announce their end from inside their own close handling, so they are deleted
-// once that has returned; the next request creates a fresh one at once.
 void CtrlForm::slot_zoomexit()
 {
-    if (m_zoom)
-        m_zoom->deleteLater();
-    m_zoom = nullptr;
+    dropLater(m_zoom);
 }
 
 void CtrlForm::slot_screenexit()
 {
-    if (m_screenShot)
-        m_screenShot->deleteLater();
-    m_screenShot = nullptr;
+    dropLater(m_screenShot);
 }
 
 void CtrlForm::on_toolButton_size_clicked()

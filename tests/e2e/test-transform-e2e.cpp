@@ -10,6 +10,7 @@
 #include "canvas/operate-item.h"
 #include "canvas/text-itemchange.h"
 #include "tests/e2e/popup-clicker.h"
+#include "tests/e2e/x11-probe.h"
 #include "tests/e2e/xdotool.h"
 #include "toolbar/ctrl-form.h"
 #include "toolbar/edge-hide-dialog.h"
@@ -49,12 +50,6 @@ QPoint centreOf(QWidget* widget)
     return widget->mapToGlobal(widget->rect().center());
 }
 
-QImage grabScreen()
-{
-    return QGuiApplication::primaryScreen()->grabWindow(0).toImage().convertToFormat(
-        QImage::Format_RGB32);
-}
-
 int differingPixels(const QImage& a, const QImage& b, const QRect& area)
 {
     int count = 0;
@@ -65,28 +60,6 @@ int differingPixels(const QImage& a, const QImage& b, const QRect& area)
         }
     }
     return count;
-}
-
-int reddishPixels(const QImage& image, const QRect& area)
-{
-    int count = 0;
-    for (int y = area.top(); y <= area.bottom(); ++y) {
-        for (int x = area.left(); x <= area.right(); ++x) {
-            const QRgb p = image.pixel(x, y);
-            if (qRed(p) > 150 && qGreen(p) < 100 && qBlue(p) < 100)
-                ++count;
-        }
-    }
-    return count;
-}
-
-void keepPicture(const QImage& image, const QString& name)
-{
-    const QString folder = qEnvironmentVariable("PALLO_TEST_OUTPUT");
-    if (folder.isEmpty())
-        return;
-    QDir().mkpath(folder);
-    image.save(folder + "/" + name + ".png");
 }
 
 } // namespace
@@ -112,6 +85,7 @@ private:
     bool pickFromMenu(const QString& button, const QString& entry);
 
     PalloTranslator m_translator{QStringLiteral("english")};
+    X11Probe m_probe;
     pallo::GraphicsView* m_view = nullptr;
     std::unique_ptr<pallo::GraphicsView> m_owner;
 };
@@ -192,9 +166,9 @@ void TestTransformE2e::rectangleTurnedScaledAndUndone()
     QCOMPARE(rect->shapeRect().translated(rect->pos()), QRectF(600, 400, 200, 120));
     const QPainterPath originalPath = rect->shapePath();
     const QRect area(450, 250, 500, 420);
-    QTRY_VERIFY(reddishPixels(grabScreen(), area) > 500);
+    QTRY_VERIFY(countReddish(m_probe.grabScreen().copy(area)) > 500);
     QTest::qWait(200);
-    const QImage drawn = grabScreen();
+    const QImage drawn = m_probe.grabScreen();
     keepPicture(drawn, "e2e-1-drawn");
 
     // "moving handwriting", the select button's second mode.
@@ -208,7 +182,7 @@ void TestTransformE2e::rectangleTurnedScaledAndUndone()
     OperateItem* handles = OperateItem::existing();
     QVERIFY(handles->isVisible());
     QTest::qWait(200);
-    const QImage picked = grabScreen();
+    const QImage picked = m_probe.grabScreen();
     keepPicture(picked, "e2e-2-picked");
     // The rotation handle shows 20 above the middle of the top edge.
     const QRgb knob = picked.pixel(700, 380);
@@ -220,7 +194,7 @@ void TestTransformE2e::rectangleTurnedScaledAndUndone()
     QVERIFY(rect->shapeTransform().isRotating());
     QCOMPARE(rect->pos(), QPointF(700, 460));
     QTest::qWait(200);
-    const QImage turned = grabScreen();
+    const QImage turned = m_probe.grabScreen();
     keepPicture(turned, "e2e-3-turned");
     QVERIFY(differingPixels(drawn, turned, area) > 500);
 
@@ -233,7 +207,7 @@ void TestTransformE2e::rectangleTurnedScaledAndUndone()
     QTRY_COMPARE(data->undoStack()->count(), 3);
     QVERIFY(rect->shapeRect().width() > before.width() + 10);
     QTest::qWait(200);
-    keepPicture(grabScreen(), "e2e-4-scaled");
+    keepPicture(m_probe.grabScreen(), "e2e-4-scaled");
 
     QVERIFY(clickToolbarButton("toolButton_undo"));
     QTRY_COMPARE(data->undoStack()->index(), 2);
@@ -246,7 +220,7 @@ void TestTransformE2e::rectangleTurnedScaledAndUndone()
     QVERIFY(click(QPoint(300, 900)));
     QTRY_VERIFY(!handles->isVisible());
     QTest::qWait(200);
-    const QImage undone = grabScreen();
+    const QImage undone = m_probe.grabScreen();
     keepPicture(undone, "e2e-5-undone");
     QCOMPARE(differingPixels(drawn, undone, area), 0);
 }
@@ -279,7 +253,7 @@ void TestTransformE2e::textTypedWhereClicked()
     QCOMPARE(text->toPlainText(), QString("Hi"));
     QVERIFY(text->isVisible());
     QTest::qWait(200);
-    const QImage screen = grabScreen();
+    const QImage screen = m_probe.grabScreen();
     keepPicture(screen, "e2e-6-text");
     const QColor colour = text->defaultTextColor();
     int ink = 0;

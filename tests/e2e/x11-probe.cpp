@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/e2e/x11-probe.h"
 
+#include <QDir>
 #include <QGuiApplication>
 #include <QPixmap>
 #include <QScreen>
@@ -228,4 +229,13 @@ int countReddish(const QImage& image)
         }
     }
     return count;
+}
+
+void keepPicture(const QImage& image, const QString& name)
+{
+    const QString folder = qEnvironmentVariable("PALLO_TEST_OUTPUT");
+    if (folder.isEmpty())
+        return;
+    QDir().mkpath(folder);
+    image.save(QDir(folder).filePath(name + ".png"));
 }

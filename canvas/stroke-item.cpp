@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: 2026 pallo-board developers
+// SPDX-License-Identifier: MIT
+#include "canvas/stroke-item.h"
+
+StrokeItem::StrokeItem(const QPainterPath& path) : m_stroke(path) {}
+
+void StrokeItem::setPath(const QPainterPath& path)
+{
+    prepareGeometryChange();
+    m_stroke = StrokePath(path);
+    m_bounds = tightBounds();
+    update();
+}
+
+QRectF StrokeItem::boundingRect() const
+{
+    return m_bounds;
+}
+
+void StrokeItem::segmentAdded(const QRectF& segment)
+{
+    if (segment.isNull())
+        return;
+    const qreal r = reach();
+    const QRectF dirty = segment.adjusted(-r, -r, r, r);
+    if (m_bounds.contains(dirty)) {
+        update(dirty);
+        return;
+    }
+    prepareGeometryChange();
+    m_bounds = StrokePath::roomToGrow(tightBounds());
+}
+
+void StrokeItem::fitBounds()
+{
+    m_bounds = tightBounds();
+}
+
+QRectF StrokeItem::tightBounds() const
+{
+    if (m_stroke.path().elementCount() == 0)
+        return QRectF();
+    const qreal r = reach();
+    return m_stroke.pointBounds().adjusted(-r, -r, r, r);
+}

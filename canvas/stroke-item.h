@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: 2026 pallo-board developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "canvas/stroke-path.h"
+
+#include <QGraphicsPathItem>
+
+// A path item that grows point by point: the path lives here, not in the path item, so that
+// a segment is added without copying the path, and only the area around a new segment is
+// repainted while the bounds have room for it.
+class StrokeItem : public QGraphicsPathItem
+{
+public:
+    // These two stand in for the path item's own.
+    QPainterPath path() const { return m_stroke.path(); }
+    void setPath(const QPainterPath& path);
+
+    QRectF boundingRect() const override;
+
+protected:
+    explicit StrokeItem(const QPainterPath& path = QPainterPath());
+
+    // How far beyond its path the pen can touch a pixel.
+    virtual qreal reach() const = 0;
+    // Repaints around a segment just added to stroke(); grows the bounds when it does not fit.
+    void segmentAdded(const QRectF& segment);
+    // Takes the bounds from the whole path; for constructors, once the pen is set.
+    void fitBounds();
+
+    StrokePath& stroke() { return m_stroke; }
+    const StrokePath& stroke() const { return m_stroke; }
+
+private:
+    QRectF tightBounds() const;
+
+    StrokePath m_stroke;
+    QRectF m_bounds;
+};
