@@ -295,7 +295,14 @@ QRect ValueQt::toRect() const
 {
     if (type() != kRect)
         return QRect();
-    return QRect(integer(0), integer(1), integer(2), integer(3));
+    // QRect(x, y, w, h) adds in int, which overflows for sizes a host may well send
+    // (x:1;w:2147483647). The corners are added wide and wrapped as a 32-bit build
+    // of the host would, so the rectangle is the same without undefined behaviour.
+    const auto corner = [](int origin, int extent) {
+        return static_cast<int>(static_cast<unsigned>(static_cast<long long>(origin) + extent - 1));
+    };
+    return QRect(QPoint(integer(0), integer(1)),
+                 QPoint(corner(integer(0), integer(2)), corner(integer(1), integer(3))));
 }
 
 QPointF ValueQt::toPointF() const

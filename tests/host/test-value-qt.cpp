@@ -6,6 +6,8 @@
 
 #include <QtTest>
 
+#include <climits>
+
 namespace {
 
 bg::ValueQt fromVariant(const QVariant& v)
@@ -160,6 +162,9 @@ void TestValueQt::read_data()
     QTest::newRow("qstr zero") << QByteArray("[qstr:0]abc") << QVariant(QString(""));
     QTest::newRow("rect") << QByteArray("[rect]x:-1;y:2;w:30;h:40")
                           << QVariant(QRect(-1, 2, 30, 40));
+    QTest::newRow("rect reaching past the int range")
+        << QByteArray("[rect]x:1;y:2;w:2147483647;h:2147483647")
+        << QVariant(QRect(QPoint(1, 2), QPoint(INT_MAX, INT_MIN)));
     QTest::newRow("rectf short numbers")
         << QByteArray("[rectf]x:1.5;y:2;w:3;h:4") << QVariant(QRectF(1.5, 2, 3, 4));
     QTest::newRow("pointf") << QByteArray("[pointf]x:-0.25;y:8") << QVariant(QPointF(-0.25, 8));
