@@ -37,6 +37,10 @@ bool regrabOnActivation(QWidget* window, QObject* watched, QEvent* event, bool& 
         if (QApplication::activeWindow() == nullptr &&
             QGuiApplication::focusWindow() == window->windowHandle())
             QApplication::setActiveWindow(window);
+        // On X11 the server moved its focus away when the window was unmapped and says so
+        // only later; asking for it back keeps that late word from deactivating the window,
+        // which would make the next click on it take another picture instead.
+        window->activateWindow();
         return true;
     }
     return false;

@@ -141,6 +141,11 @@ void TestGraphicsView::penEvent(QEvent::Type type, const QPointF& pos, Qt::Mouse
 
 void TestGraphicsView::firstRunWritesSettingDefaults()
 {
+    // A first run is one without a settings file, whatever ran before in this folder.
+    const QString file = m_view->settings()->fileName();
+    m_view.reset();
+    QVERIFY(!QFile::exists(file) || QFile::remove(file));
+    init();
     const QString name = QCoreApplication::applicationName();
     QSettings store(QSettings::IniFormat, QSettings::UserScope, name, name + "New");
     QCOMPARE(store.value("timer").toString(), QString("Ctrl+M"));

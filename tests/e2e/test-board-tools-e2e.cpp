@@ -8,6 +8,7 @@
 
 #include <QClipboard>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QGuiApplication>
 #include <QJsonDocument>
@@ -36,6 +37,10 @@ private:
     bool hasCanvasAndToolbar() const;
     int windowsTitled(const QString& title) const;
     X11Probe::Window timerWindow() const;
+    // Waits until the tool titled title covers the screen, has painted its picture of the
+    // screen (its debug lines start with tag) and holds the focus again after hiding for
+    // that picture: only then does a click reach its buttons. The window, or one with id 0.
+    X11Probe::Window settledTool(const QString& title, const QByteArray& tag);
     void pickPen();
     // Where the tools place their round buttons under a rectangle of the screen.
     QPoint buttonCentre(const QRect& frame, bool right) const;
@@ -132,6 +137,24 @@ X11Probe::Window TestBoardToolsE2e::timerWindow() const
     return X11Probe::Window();
 }
 
+X11Probe::Window TestBoardToolsE2e::settledTool(const QString& title, const QByteArray& tag)
+{
+    const QByteArray pictureLine =
+        tag + "[this->Rect()]:QRect(0,0 " + QByteArray::number(screen.width()) + "x" +
+        QByteArray::number(screen.height()) + "),[bgImg.Rect()]:QSize(" +
+        QByteArray::number(screen.width()) + ", " + QByteArray::number(screen.height()) + ")";
+    QElapsedTimer clock;
+    clock.start();
+    while (clock.elapsed() < 10000) {
+        const X11Probe::Window tool = probe.windowTitled(board->pid(), title);
+        if (tool.id != 0 && tool.geometry == screen && probe.inputFocus() == tool.id &&
+            board->errors().contains(pictureLine))
+            return tool;
+        QTest::qWait(50);
+    }
+    return X11Probe::Window();
+}
+
 void TestBoardToolsE2e::pickPen()
 {
     const X11Probe::Window bar = probe.toolbarOf(board->pid());
@@ -150,9 +173,8 @@ QPoint TestBoardToolsE2e::buttonCentre(const QRect& frame, bool right) const
 void TestBoardToolsE2e::magnifierCoversTheScreenOnceAndClosesByItsButton()
 {
     QVERIFY(board->send(R"({"type":"zoom"})"));
-    QTRY_VERIFY_WITH_TIMEOUT(probe.windowTitled(board->pid(), "ZoomWidget").id != 0, 5000);
-    const X11Probe::Window magnifier = probe.windowTitled(board->pid(), "ZoomWidget");
-    QCOMPARE(magnifier.geometry, screen);
+    const X11Probe::Window magnifier = settledTool("ZoomWidget", "[ZOOM]");
+    QVERIFY(magnifier.id != 0);
     QVERIFY(probe.stackedAbove(magnifier.id, probe.canvasOf(board->pid()).id));
 
     // The lens: an orange frame in the middle of the screen.
@@ -188,9 +210,7 @@ void TestBoardToolsE2e::screenshotIsSavedCopiedPinnedAndSelects()
                              5000);
 
     QVERIFY(board->send(R"({"type":"shut"})"));
-    QTRY_VERIFY_WITH_TIMEOUT(probe.windowTitled(board->pid(), "screenShotWidget").id != 0, 5000);
-    const X11Probe::Window overlay = probe.windowTitled(board->pid(), "screenShotWidget");
-    QCOMPARE(overlay.geometry, screen);
+    QVERIFY(settledTool("screenShotWidget", "[SCN]").id != 0);
     QRect selection(0, 0, truncated(300 * s), truncated(300 * s));
     selection.moveCenter(QPoint(screen.width() / 2, screen.height() / 2));
     QTRY_VERIFY_WITH_TIMEOUT(countOrange(probe.grabScreen().copy(
@@ -212,8 +232,10 @@ void TestBoardToolsE2e::screenshotIsSavedCopiedPinnedAndSelects()
                  .match(files.first())
                  .hasMatch(),
              qPrintable(files.first()));
-    const QImage saved =
-        QImage(QDir(shots).filePath(files.first())).convertToFormat(QImage::Format_RGB32);
+    // The name is there as soon as the file is created; the picture once it is written.
+    QImage saved;
+    QTRY_VERIFY_WITH_TIMEOUT(!(saved = QImage(QDir(shots).filePath(files.first()))).isNull(), 5000);
+    saved = saved.convertToFormat(QImage::Format_RGB32);
     QCOMPARE(saved.size(), selection.size());
     QVERIFY(countReddish(saved) > 100);
 

@@ -161,6 +161,14 @@ bool X11Probe::stackedAbove(unsigned long upper, unsigned long lower) const
     return upperIndex >= 0 && lowerIndex >= 0 && upperIndex > lowerIndex;
 }
 
+unsigned long X11Probe::inputFocus() const
+{
+    ::Window focus = 0;
+    int revertTo = 0;
+    XGetInputFocus(dpy(display_), &focus, &revertTo);
+    return focus;
+}
+
 bool X11Probe::inputShapeEmpty(unsigned long window) const
 {
     int count = 0;

@@ -43,6 +43,9 @@ public:
     // True when window upper lies above window lower among the screen's top-level windows.
     bool stackedAbove(unsigned long upper, unsigned long lower) const;
 
+    // The window holding the keyboard focus, as the server sees it.
+    unsigned long inputFocus() const;
+
     // True when the window takes no pointer input at all (clicks fall through it).
     bool inputShapeEmpty(unsigned long window) const;
 

@@ -5,6 +5,7 @@
 #include "tool-test-support.h"
 #include "tools/frame-handles.h"
 #include "tools/screen-shot-widget.h"
+#include "x-input-focus.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -48,6 +49,7 @@ private slots:
     void escapeLeavesTheToolOpen();
     void everyPressIsLogged();
     void closeButtonEndsTheTool();
+    void keepsActivationAfterItsPicture();
     void savingWritesCopiesAndHandsOn();
     void savingAsJpg();
     void twoSavesInOneSecondLeaveOneFile();
@@ -450,6 +452,18 @@ void TestScreenShotWidget::emptyFormatEndsInADot()
     QVERIFY2(found, qPrintable(log.lines().join('\n')));
     // No writer knows a picture type without a suffix: nothing lands in the folder.
     QVERIFY(QDir(folder.path()).isEmpty());
+}
+
+void TestScreenShotWidget::keepsActivationAfterItsPicture()
+{
+    showLikeItsOwner(shot);
+    QTRY_VERIFY(grabScreen().pixelColor(20, 20) == picture.pixelColor(20, 20));
+    // Hiding for the picture takes the X server's focus away, and the server says so only
+    // after the tool is back. It must come out of that active and holding the focus, or
+    // the next click on it would take another picture instead of reaching its button.
+    QTest::qWait(1000);
+    QCOMPARE(QApplication::activeWindow(), static_cast<QWidget*>(shot));
+    QCOMPARE(xInputFocus(), static_cast<unsigned long>(shot->winId()));
 }
 
 QTEST_MAIN(TestScreenShotWidget)

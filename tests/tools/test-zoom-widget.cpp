@@ -6,6 +6,7 @@
 #include "tools/frame-handles.h"
 #include "tools/lens-geometry.h"
 #include "tools/zoom-widget.h"
+#include "x-input-focus.h"
 
 #include <QApplication>
 #include <QDesktopWidget>
@@ -46,6 +47,7 @@ private slots:
     void lightsOffBlacksOutAllButLensAndButtons();
     void pictureNeverContainsTheMagnifier();
     void reactivationTakesANewPicture();
+    void keepsActivationAfterItsPicture();
     void everyPaintWritesTheDebugLine();
 
 private:
@@ -419,6 +421,18 @@ void TestZoomWidget::everyPaintWritesTheDebugLine()
             .arg(desktop.width())
             .arg(desktop.height());
     QCOMPARE(log.lines().first(), expected);
+}
+
+void TestZoomWidget::keepsActivationAfterItsPicture()
+{
+    showLikeItsOwner(zoom);
+    QTRY_VERIFY(grabScreen().pixelColor(20, 20) == patternAt(QPoint(20, 20)));
+    // Hiding for the picture takes the X server's focus away, and the server says so only
+    // after the magnifier is back. It must come out of that active and holding the focus,
+    // or the next click on it would take another picture instead of reaching its button.
+    QTest::qWait(1000);
+    QCOMPARE(QApplication::activeWindow(), static_cast<QWidget*>(zoom));
+    QCOMPARE(xInputFocus(), static_cast<unsigned long>(zoom->winId()));
 }
 
 QTEST_MAIN(TestZoomWidget)

@@ -37,10 +37,15 @@ void sendKey(QWidget* w, int key)
     QCoreApplication::sendEvent(w, &e);
 }
 
-void showActivated(QWidget* tool)
+void showLikeItsOwner(QWidget* tool)
 {
     tool->setGeometry(QGuiApplication::primaryScreen()->geometry());
     tool->showFullScreen();
+}
+
+void showActivated(QWidget* tool)
+{
+    showLikeItsOwner(tool);
     QVERIFY(QTest::qWaitForWindowExposed(tool));
     tool->activateWindow();
 }

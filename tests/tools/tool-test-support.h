@@ -18,7 +18,9 @@ void sendWheel(QWidget* w, const QPoint& angleDelta);
 void sendKey(QWidget* w, int key);
 
 // Shows a full-screen tool the way its owner does, also where no window manager gives it
-// the screen's size, and asks the X server to activate it.
+// the screen's size.
+void showLikeItsOwner(QWidget* tool);
+// Shows it like its owner and asks the X server to activate it.
 void showActivated(QWidget* tool);
 // Shows the tool activated and waits until it has taken its picture and shows it again:
 // the picture's pixel at (20, 20) is corner, and the white handle at frame's top-left
