@@ -79,14 +79,13 @@ void timeWidget::applyDigitFont()
 void timeWidget::on_pushbutton_timer_start_btn_clicked()
 {
     if (!running) {
-        timerId = startTimer(1000, Qt::PreciseTimer);
+        ticker.start(this);
         running = true;
         ui->pushbutton_timer_start_btn->setText(tr("TimeWidget.Btn.Pause"));
         ui->pushbutton_timer_start_btn->setChecked(true);
         emit timestart();
     } else {
-        killTimer(timerId);
-        timerId = 0;
+        ticker.stop(this);
         running = false;
         ui->pushbutton_timer_start_btn->setChecked(false);
         ui->pushbutton_timer_start_btn->setText(tr("TimeWidget.Btn.Start"));
@@ -96,11 +95,7 @@ void timeWidget::on_pushbutton_timer_start_btn_clicked()
 
 void timeWidget::on_pushbutton_timer_reset_btn_clicked()
 {
-    if (timerId != 0) {
-        killTimer(timerId);
-        timerId = 0;
-    }
-    elapsed = 0;
+    ticker.reset(this);
     ui->label_hour->setText(QStringLiteral("00"));
     ui->label_minute->setText(QStringLiteral("00"));
     ui->label_second->setText(QStringLiteral("00"));
@@ -117,16 +112,15 @@ void timeWidget::clickReset()
 
 void timeWidget::timerEvent(QTimerEvent* event)
 {
-    if (event->timerId() != timerId || timerId == 0) {
+    if (ticker.count(event))
+        showElapsed();
+    else
         QWidget::timerEvent(event);
-        return;
-    }
-    ++elapsed;
-    showElapsed();
 }
 
 void timeWidget::showElapsed()
 {
+    const int elapsed = ticker.elapsed();
     ui->label_hour->setText(twoDigits(stopwatchHours(elapsed)));
     ui->label_minute->setText(twoDigits(stopwatchMinutes(elapsed)));
     ui->label_second->setText(twoDigits(stopwatchSeconds(elapsed)));

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "tools/second-ticker.h"
+
 #include <QWidget>
 
 namespace Ui {
@@ -26,10 +28,10 @@ public:
     void clickReset();
 
     bool isRunning() const { return running; }
-    int elapsedSeconds() const { return elapsed; }
+    int elapsedSeconds() const { return ticker.elapsed(); }
     int fittedDigitFontSize() const { return digitFontSize; }
     // Id of the one-second timer while the clock runs, 0 otherwise.
-    int runningTimerId() const { return timerId; }
+    int runningTimerId() const { return ticker.id(); }
 
 signals:
     void showfull();
@@ -48,8 +50,7 @@ private:
     void applyDigitFont();
 
     Ui::timeWidget* ui;
-    int timerId = 0;
-    int elapsed = 0;
+    SecondTicker ticker;
     bool running = false;
     int digitFontSize = 50;
 };

@@ -127,56 +127,54 @@ bool Widget::eventFilter(QObject* watched, QEvent* event)
 
 void Widget::on_m_minTenPlusBtn_clicked()
 {
-    minTen = nextDigit(minTen, tensDigitTop);
-    ui->label_minTen->setText(QString::number(minTen));
+    stepDigit(minTen, tensDigitTop, ui->label_minTen, true);
 }
 
 void Widget::on_m_minTenMinusBtn_clicked()
 {
-    minTen = previousDigit(minTen, tensDigitTop);
-    ui->label_minTen->setText(QString::number(minTen));
+    stepDigit(minTen, tensDigitTop, ui->label_minTen, false);
 }
 
 void Widget::on_m_minOnePlusBtn_clicked()
 {
-    minOne = nextDigit(minOne, onesDigitTop);
-    ui->label_minOne->setText(QString::number(minOne));
+    stepDigit(minOne, onesDigitTop, ui->label_minOne, true);
 }
 
 void Widget::on_m_minOneMinusBtn_clicked()
 {
-    minOne = previousDigit(minOne, onesDigitTop);
-    ui->label_minOne->setText(QString::number(minOne));
+    stepDigit(minOne, onesDigitTop, ui->label_minOne, false);
 }
 
 void Widget::on_m_secTenPlusBtn_clicked()
 {
-    secTen = nextDigit(secTen, tensDigitTop);
-    ui->label_secTen->setText(QString::number(secTen));
+    stepDigit(secTen, tensDigitTop, ui->label_secTen, true);
 }
 
 void Widget::on_m_secTenMinusBtn_clicked()
 {
-    secTen = previousDigit(secTen, tensDigitTop);
-    ui->label_secTen->setText(QString::number(secTen));
+    stepDigit(secTen, tensDigitTop, ui->label_secTen, false);
 }
 
 void Widget::on_m_secOnePlusBtn_clicked()
 {
-    secOne = nextDigit(secOne, onesDigitTop);
-    ui->label_secOne->setText(QString::number(secOne));
+    stepDigit(secOne, onesDigitTop, ui->label_secOne, true);
 }
 
 void Widget::on_m_secOneMinusBtn_clicked()
 {
-    secOne = previousDigit(secOne, onesDigitTop);
-    ui->label_secOne->setText(QString::number(secOne));
+    stepDigit(secOne, onesDigitTop, ui->label_secOne, false);
+}
+
+void Widget::stepDigit(int& digit, int top, QLabel* label, bool up)
+{
+    digit = up ? nextDigit(digit, top) : previousDigit(digit, top);
+    label->setText(QString::number(digit));
 }
 
 void Widget::on_pushbutton_countdown_startBtn_clicked()
 {
     if (!running) {
-        timerId = startTimer(1000, Qt::PreciseTimer);
+        ticker.start(this);
         setStepButtonsVisible(false);
         // The labels show what is left after a pause, so the count goes on from there.
         minTen = ui->label_minTen->text().toInt();
@@ -193,12 +191,8 @@ void Widget::on_pushbutton_countdown_startBtn_clicked()
         running = true;
         emit timestart();
     } else {
-        if (timerId != 0) {
-            killTimer(timerId);
-            timerId = 0;
-        }
+        ticker.reset(this);
         running = false;
-        elapsed = 0;
         ui->pushbutton_countdown_startBtn->setText(tr("Widget.Btn.Start"));
         ui->pushbutton_countdown_startBtn->setChecked(false);
         emit timestop();
@@ -207,15 +201,11 @@ void Widget::on_pushbutton_countdown_startBtn_clicked()
 
 void Widget::on_pushbutton_countdown_resetBtn_clicked()
 {
-    if (timerId != 0) {
-        killTimer(timerId);
-        timerId = 0;
-    }
+    ticker.reset(this);
     emit timestop();
     // Toggled rather than cleared: a reset while stopped leaves the countdown marked
     // running, so the next press of start pauses instead of starting.
     running = !running;
-    elapsed = 0;
     ui->pushbutton_countdown_startBtn->setText(tr("Widget.Btn.Start"));
     ui->pushbutton_countdown_startBtn->setChecked(false);
     showDigits(savedDigits[0], savedDigits[1], savedDigits[2], savedDigits[3]);
@@ -224,26 +214,20 @@ void Widget::on_pushbutton_countdown_resetBtn_clicked()
 
 void Widget::timerEvent(QTimerEvent* event)
 {
-    if (event->timerId() != timerId || timerId == 0) {
+    if (ticker.count(event))
+        refresh_ui();
+    else
         QWidget::timerEvent(event);
-        return;
-    }
-    ++elapsed;
-    refresh_ui();
 }
 
 void Widget::refresh_ui()
 {
-    const QTime remaining = countdownRemaining(target, elapsed);
+    const QTime remaining = countdownRemaining(target, ticker.elapsed());
     if (countdownFinished(remaining)) {
         on_pushbutton_countdown_resetBtn_clicked();
         normalLook();
         emit countdounout();
-        if (timerId != 0) {
-            killTimer(timerId);
-            timerId = 0;
-        }
-        elapsed = 0;
+        ticker.reset(this);
     }
     showDigits(remaining.minute() / 10, remaining.minute() % 10, remaining.second() / 10,
                remaining.second() % 10);

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "tools/second-ticker.h"
+
 #include <QTime>
 #include <QWidget>
 
@@ -27,11 +29,11 @@ public:
     void compactLook();
 
     bool isRunning() const { return running; }
-    int elapsedSeconds() const { return elapsed; }
+    int elapsedSeconds() const { return ticker.elapsed(); }
     int fittedDigitFontSize() const { return digitFontSize; }
     QTime targetTime() const { return target; }
     // Id of the one-second timer while the countdown runs, 0 otherwise.
-    int runningTimerId() const { return timerId; }
+    int runningTimerId() const { return ticker.id(); }
 
 signals:
     void showfull();
@@ -62,6 +64,7 @@ private:
     QList<QPushButton*> stepButtons() const;
     void setStepButtonsVisible(bool visible);
     void showDigits(int mt, int mo, int st, int so);
+    static void stepDigit(int& digit, int top, QLabel* label, bool up);
     void applyDigitFont();
 
     Ui::Widget* ui;
@@ -72,8 +75,7 @@ private:
     int savedDigits[4] = {0, 5, 0, 0};
     QTime target;
     bool running = false;
-    int timerId = 0;
-    int elapsed = 0;
+    SecondTicker ticker;
     int digitFontSize = 58;
     QString digitStyle;
     QString compactStyle;
