@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 pallo-board developers
 // SPDX-License-Identifier: MIT
 #include "app/font-fallback.h"
+#include "tests/test-output.h"
 
 #include <QFont>
 #include <QFontDatabase>
@@ -92,10 +93,7 @@ void TestFontFallback::settingIsDrawnWithInk()
         return image;
     };
     const QImage image = draw(yaHei);
-    const QString output = qEnvironmentVariable("PALLO_TEST_OUTPUT");
-    if (!output.isEmpty() && QDir().mkpath(output)) {
-        image.save(QDir(output).filePath(QStringLiteral("font-fallback-setting.png")));
-    }
+    keepPicture(image, QStringLiteral("font-fallback-setting"));
     int dark = 0;
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {

@@ -3,8 +3,10 @@
 #include "app/style-sheet-loader.h"
 
 #include "app/scale-factor.h"
+#include "tests/test-output.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFile>
 #include <QPushButton>
 #include <QtTest>
@@ -122,9 +124,8 @@ void TestStyleSheetLoader::scaledSizeReachesTheWidgets()
     const QSize designed =
         minimumWith(QStringLiteral("QPushButton{min-width:60px;min-height:30px;}"));
 
-    const QString path = QDir(qEnvironmentVariable("PALLO_TEST_OUTPUT", QDir::tempPath()))
-                             .filePath(QStringLiteral("style-sheet-loader-size.css"));
-    QDir().mkpath(QFileInfo(path).absolutePath());
+    const QString path =
+        QDir(testOutputFolder()).filePath(QStringLiteral("style-sheet-loader-size.css"));
     QFile css(path);
     QVERIFY(css.open(QIODevice::WriteOnly | QIODevice::Truncate));
     css.write("QPushButton{min-width:40px;min-height:20px;}");

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QDir>
+#include "tests/test-output.h"
+
 #include <QGraphicsScene>
 #include <QImage>
 #include <QPainter>
@@ -19,16 +20,6 @@ inline QImage renderScene(QGraphicsScene* scene, const QSize& size = QSize(400, 
     scene->render(&painter, area, area);
     painter.end();
     return image;
-}
-
-// Keeps a picture for a person to look at.
-inline void keepPicture(const QImage& image, const QString& name)
-{
-    const QString folder = qEnvironmentVariable("PALLO_TEST_OUTPUT");
-    if (folder.isEmpty())
-        return;
-    QDir().mkpath(folder);
-    image.save(folder + "/" + name + ".png");
 }
 
 inline int alphaAt(const QImage& image, int x, int y)

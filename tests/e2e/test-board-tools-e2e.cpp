@@ -5,6 +5,7 @@
 #include "tests/e2e/toolbar-layout.h"
 #include "tests/e2e/x11-probe.h"
 #include "tests/e2e/xdotool.h"
+#include "tests/test-output.h"
 
 #include <QClipboard>
 #include <QDir>

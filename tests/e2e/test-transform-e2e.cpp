@@ -12,6 +12,7 @@
 #include "tests/e2e/popup-clicker.h"
 #include "tests/e2e/x11-probe.h"
 #include "tests/e2e/xdotool.h"
+#include "tests/test-output.h"
 #include "toolbar/ctrl-form.h"
 #include "toolbar/edge-hide-dialog.h"
 

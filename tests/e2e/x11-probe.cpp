@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/e2e/x11-probe.h"
 
-#include <QDir>
 #include <QGuiApplication>
 #include <QPixmap>
 #include <QScreen>
@@ -237,13 +236,4 @@ int countReddish(const QImage& image)
         }
     }
     return count;
-}
-
-void keepPicture(const QImage& image, const QString& name)
-{
-    const QString folder = qEnvironmentVariable("PALLO_TEST_OUTPUT");
-    if (folder.isEmpty())
-        return;
-    QDir().mkpath(folder);
-    image.save(QDir(folder).filePath(name + ".png"));
 }

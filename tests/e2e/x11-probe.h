@@ -66,7 +66,3 @@ private:
 // The number of pixels of image in which red stands out: strokes of the board's red pen,
 // anti-aliased edges included, whatever lies beneath.
 int countReddish(const QImage& image);
-
-// Keeps a picture as NAME.png in $PALLO_TEST_OUTPUT for people to look at; nothing when
-// that is not set.
-void keepPicture(const QImage& image, const QString& name);

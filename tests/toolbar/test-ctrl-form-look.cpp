@@ -3,13 +3,13 @@
 #include "app/font-fallback.h"
 #include "app/pallo-translator.h"
 #include "app/style-sheet-loader.h"
+#include "tests/test-output.h"
 #include "toolbar/ctrl-form.h"
 #include "toolbar/font-size-menu.h"
 #include "toolbar/popup-menu-wdiget.h"
 
 #include <QAbstractButton>
 #include <QButtonGroup>
-#include <QDir>
 #include <QFile>
 #include <QFrame>
 #include <QLabel>
@@ -37,15 +37,12 @@ void TestCtrlFormLook::initTestCase()
     QVERIFY(!QImage(":/images/pen.png").isNull());
     QVERIFY(loadApplicationStyleSheet());
     installFontFallbacks();
-    QVERIFY(QDir().mkpath(qEnvironmentVariable("PALLO_TEST_OUTPUT")));
 }
 
 QImage TestCtrlFormLook::shot(QWidget* w, const QString& name)
 {
     const QImage image = w->grab().toImage();
-    const QString path = qEnvironmentVariable("PALLO_TEST_OUTPUT") + "/" + name + ".png";
-    if (!image.save(path))
-        qWarning() << "could not write" << path;
+    keepPicture(image, name);
     return image;
 }
 

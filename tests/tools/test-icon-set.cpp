@@ -5,6 +5,8 @@
 // exists at 1x and 2x, cursors put their hot spot on the drawn tip, and the picture
 // sheet of the whole set is written for a person to look at.
 
+#include "tests/test-output.h"
+
 #include <QtTest>
 
 #include <QCheckBox>
@@ -172,12 +174,6 @@ void catchParseWarnings(QtMsgType type, const QMessageLogContext&, const QString
 {
     if (type == QtWarningMsg && message.contains("Could not parse"))
         parseWarnings << message;
-}
-
-QString outputFolder()
-{
-    const QByteArray dir = qgetenv("PALLO_TEST_OUTPUT");
-    return dir.isEmpty() ? QDir::tempPath() : QString::fromLocal8Bit(dir);
 }
 
 struct SheetSection
@@ -795,10 +791,8 @@ void TestIconSet::writeContactSheet()
         {"Colour boxes: at rest, under the pointer, chosen", swatches, false},
     };
     const QImage sheet = drawSheet(sections);
-    QDir().mkpath(outputFolder());
-    const QString file = outputFolder() + "/icon-sheet.png";
-    QVERIFY(sheet.save(file));
-    QCOMPARE(QImage(file).size(), sheet.size());
+    QVERIFY(keepPicture(sheet, "icon-sheet"));
+    QCOMPARE(QImage(testOutputFolder() + "/icon-sheet.png").size(), sheet.size());
 }
 
 QTEST_MAIN(TestIconSet)

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "bridge/bridge.h"
 #include "root-pattern.h"
+#include "tests/test-output.h"
 #include "tool-test-support.h"
 #include "tools/frame-handles.h"
 #include "tools/screen-shot-widget.h"
@@ -189,7 +190,7 @@ void TestScreenShotWidget::startsInTheMiddle()
     }
     const QColor edge = seen.pixelColor(selection.center().x(), selection.top());
     QVERIFY2(sameColour(edge, QColor("#F5A623"), 60), qPrintable(edge.name()));
-    seen.save(qEnvironmentVariable("PALLO_TEST_OUTPUT") + "/screen-shot-widget.png");
+    keepPicture(seen, "screen-shot-widget");
 }
 
 void TestScreenShotWidget::hover_data()

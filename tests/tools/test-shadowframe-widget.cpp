@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 pallo-board developers
 // SPDX-License-Identifier: MIT
 #include "app/pallo-translator.h"
+#include "tests/test-output.h"
 #include "tools/key-line-edit.h"
 #include "tools/shadowframe-widget.h"
 
@@ -72,12 +73,6 @@ int countPixels(const QImage& image, bool (*test)(QRgb))
     return n;
 }
 
-QString outputFolder()
-{
-    const QString dir = qEnvironmentVariable("PALLO_TEST_OUTPUT");
-    return dir.isEmpty() ? QDir::tempPath() : dir;
-}
-
 // Answers the folder dialog the panel opens, once it is up.
 void answerFolderDialog(const std::function<void(QFileDialog*)>& answer)
 {
@@ -146,7 +141,6 @@ void TestShadowframeWidget::initTestCase()
     english = new PalloTranslator("english", this);
     QCoreApplication::installTranslator(english);
     QDesktopServices::setUrlHandler("file", this, "openUrl");
-    QVERIFY(QDir().mkpath(outputFolder()));
 }
 
 void TestShadowframeWidget::init()
@@ -587,8 +581,7 @@ void TestShadowframeWidget::looksFinished()
     QImage desk(shot.size(), QImage::Format_ARGB32);
     desk.fill(QColor("#dde3ea"));
     QPainter(&desk).drawImage(0, 0, shot);
-    const QString path = outputFolder() + "/settings-panel-" + QTest::currentDataTag() + ".png";
-    QVERIFY(desk.save(path));
+    QVERIFY(keepPicture(desk, QString("settings-panel-") + QTest::currentDataTag()));
 
     // White card, transparent corners, and a soft shadow just below the card's edge.
     auto* frame = child<QFrame>(panel, "frame_main");

@@ -3,11 +3,11 @@
 #include "app/font-fallback.h"
 #include "app/pallo-translator.h"
 #include "app/style-sheet-loader.h"
+#include "tests/test-output.h"
 #include "tools/time-widget.h"
 #include "tools/widget.h"
 #include "tools/widgettest.h"
 
-#include <QDir>
 #include <QLabel>
 #include <QPushButton>
 #include <QScopeGuard>
@@ -36,7 +36,6 @@ void TestWidgettestLook::initTestCase()
     installFontFallbacks();
     QVERIFY(!QImage(":/images/timer_fullscreen.png").isNull());
     QVERIFY(!QImage(":/image/plus.png").isNull());
-    QVERIFY(QDir().mkpath(qEnvironmentVariable("PALLO_TEST_OUTPUT")));
 }
 
 QImage TestWidgettestLook::shot(QWidget* w, const QString& name)
@@ -44,9 +43,7 @@ QImage TestWidgettestLook::shot(QWidget* w, const QString& name)
     // Lets the window lay itself out for the new look before it is drawn.
     QTest::qWait(50);
     const QImage image = w->grab().toImage();
-    const QString path = qEnvironmentVariable("PALLO_TEST_OUTPUT") + "/" + name + ".png";
-    if (!image.save(path))
-        qWarning() << "could not write" << path;
+    keepPicture(image, name);
     return image;
 }
 

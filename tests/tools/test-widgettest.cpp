@@ -3,12 +3,12 @@
 #include "app/font-fallback.h"
 #include "app/pallo-translator.h"
 #include "app/scale-factor.h"
+#include "tests/test-output.h"
 #include "tools/time-widget.h"
 #include "tools/timer-logic.h"
 #include "tools/widget.h"
 #include "tools/widgettest.h"
 
-#include <QDir>
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
@@ -274,9 +274,7 @@ void TestWidgettest::fullScreenIsBlackAndLeftPressLeaves()
     // What the screen shows: black to the edges, the clock in the middle.
     QTest::qWait(100);
     const QImage shot = w.screen()->grabWindow(0).toImage();
-    const QString output = qEnvironmentVariable("PALLO_TEST_OUTPUT");
-    if (QDir().mkpath(output))
-        shot.save(output + "/timer-clock-fullscreen.png");
+    keepPicture(shot, "timer-clock-fullscreen");
     for (const QPoint& p :
          {QPoint(2, 2), QPoint(screen.width() - 3, 2), QPoint(2, screen.height() - 3),
           QPoint(screen.width() - 3, screen.height() - 3), QPoint(screen.width() / 2, 40)})

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/pallo-translator.h"
 #include "root-pattern.h"
+#include "tests/test-output.h"
 #include "tool-test-support.h"
 #include "tools/frame-handles.h"
 #include "tools/lens-geometry.h"
@@ -328,7 +329,7 @@ void TestZoomWidget::lensShowsThePictureEnlarged()
     const int outside = edges(lens.bottom() + 80, c.x() - 160, c.x() + 160);
     QVERIFY2(qAbs(outside - 2 * inside) <= 2,
              qPrintable(QString("%1 edges inside, %2 outside").arg(inside).arg(outside)));
-    seen.save(qEnvironmentVariable("PALLO_TEST_OUTPUT") + "/zoom-widget-lens.png");
+    keepPicture(seen, "zoom-widget-lens");
 }
 
 void TestZoomWidget::lightsOffBlacksOutAllButLensAndButtons()
@@ -359,7 +360,7 @@ void TestZoomWidget::lightsOffBlacksOutAllButLensAndButtons()
     QVERIFY(seen.pixelColor(
                 zoom->findChild<QPushButton*>("pushButton_zoom_close")->geometry().center()) !=
             QColor(Qt::black));
-    seen.save(qEnvironmentVariable("PALLO_TEST_OUTPUT") + "/zoom-widget-lights-off.png");
+    keepPicture(seen, "zoom-widget-lights-off");
     turnoff->click();
     QVERIFY(!zoom->isLightOff());
     QVERIFY(!turnoff->isChecked());
