@@ -4,17 +4,32 @@
 
 #include <QGuiApplication>
 #include <QWidget>
-#include <qpa/qplatformnativeinterface.h>
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+#include <QX11Info>
+#endif
 
 #include <X11/Xlib.h>
 #include <X11/extensions/shape.h>
+
+namespace {
+
+Display* x11Display()
+{
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    return x11 ? x11->display() : nullptr;
+#else
+    return QX11Info::display();
+#endif
+}
+
+} // namespace
 
 void setMousePassThrough(QWidget* window, bool passThrough)
 {
     if (!window || QGuiApplication::platformName() != QLatin1String("xcb"))
         return;
-    auto* display = static_cast<Display*>(
-        QGuiApplication::platformNativeInterface()->nativeResourceForIntegration("display"));
+    Display* display = x11Display();
     if (!display)
         return;
     const auto id = static_cast<::Window>(window->winId());

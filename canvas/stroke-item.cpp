@@ -7,7 +7,7 @@ StrokeItem::StrokeItem(const QPainterPath& path) : m_stroke(path) {}
 void StrokeItem::setPath(const QPainterPath& path)
 {
     prepareGeometryChange();
-    m_stroke = StrokePath(path);
+    m_stroke = pallo::StrokePath(path);
     m_bounds = tightBounds();
     update();
 }
@@ -28,7 +28,7 @@ void StrokeItem::segmentAdded(const QRectF& segment)
         return;
     }
     prepareGeometryChange();
-    m_bounds = StrokePath::roomToGrow(tightBounds());
+    m_bounds = pallo::StrokePath::roomToGrow(tightBounds());
 }
 
 void StrokeItem::fitBounds()

@@ -28,12 +28,12 @@ protected:
     // Takes the bounds from the whole path; for constructors, once the pen is set.
     void fitBounds();
 
-    StrokePath& stroke() { return m_stroke; }
-    const StrokePath& stroke() const { return m_stroke; }
+    pallo::StrokePath& stroke() { return m_stroke; }
+    const pallo::StrokePath& stroke() const { return m_stroke; }
 
 private:
     QRectF tightBounds() const;
 
-    StrokePath m_stroke;
+    pallo::StrokePath m_stroke;
     QRectF m_bounds;
 };

@@ -66,6 +66,8 @@ struct Run
 
 } // namespace
 
+namespace pallo {
+
 StrokePath::StrokePath(const QPainterPath& path) : m_path(path)
 {
     for (int i = 0; i < m_path.elementCount(); ++i)
@@ -237,3 +239,5 @@ QPainterPath StrokePath::partNear(const QRectF& rect, qreal reach) const
     }
     return part;
 }
+
+} // namespace pallo

@@ -7,6 +7,8 @@
 #include <QRectF>
 #include <QVector>
 
+namespace pallo {
+
 // A path drawn point by point. Appending costs the same however long the path is, and the
 // segments that come near a rectangle are found without walking the whole path, so that a
 // repaint of a small area strokes only what can reach it.
@@ -54,3 +56,5 @@ private:
     QHash<quint64, QVector<int>> m_cells;
     int m_segments = 0;
 };
+
+} // namespace pallo

@@ -32,7 +32,7 @@ const QSize kSize(400, 300);
 // vertical ones and sharp turns.
 QPainterPath scribble()
 {
-    StrokePath stroke;
+    pallo::StrokePath stroke;
     stroke.moveTo(QPointF(40, 150));
     for (int i = 1; i < 400; ++i) {
         const double t = i / 25.0;
@@ -48,7 +48,7 @@ QPainterPath scribble()
 // Like a ring drawn back to its starting pixel: the stroke meets itself in a join.
 QPainterPath closedRing()
 {
-    StrokePath stroke;
+    pallo::StrokePath stroke;
     stroke.moveTo(QPointF(300, 150));
     for (int i = 1; i < 60; ++i) {
         const double a = i * 2 * M_PI / 60;
@@ -61,7 +61,7 @@ QPainterPath closedRing()
 // The eraser's way: every segment a subpath of its own.
 QPainterPath separateSegments()
 {
-    StrokePath stroke;
+    pallo::StrokePath stroke;
     QPointF previous(30, 30);
     for (int i = 1; i < 120; ++i) {
         const QPointF next(30 + (i * 37) % 340, 30 + (i * 53) % 240);
@@ -113,7 +113,7 @@ void TestStrokePath::partPaintsLikeWholePath()
     QFETCH(QPen, pen);
     QFETCH(qreal, reach);
 
-    const StrokePath stroke(path);
+    const pallo::StrokePath stroke(path);
     int compared = 0;
     for (int y = -20; y < kSize.height(); y += 23) {
         for (int x = -20; x < kSize.width(); x += 29) {
@@ -140,7 +140,7 @@ void TestStrokePath::partPaintsLikeWholePath()
 
 void TestStrokePath::repeatedPointAddsNothing()
 {
-    StrokePath stroke;
+    pallo::StrokePath stroke;
     stroke.moveTo(QPointF(10, 10));
     QCOMPARE(stroke.lineTo(QPointF(30, 10)), QRectF(QPointF(10, 10), QPointF(30, 10)));
     QVERIFY(stroke.lineTo(QPointF(30, 10)).isNull());
@@ -149,11 +149,11 @@ void TestStrokePath::repeatedPointAddsNothing()
 
 void TestStrokePath::partOfFarAreaIsEmpty()
 {
-    const StrokePath stroke(scribble());
+    const pallo::StrokePath stroke(scribble());
     QVERIFY(stroke.partNear(QRectF(1000, 1000, 10, 10), 20).isEmpty());
     // A segment that only passes by the corner of the area is part of it, with two more of
     // its polyline on either side.
-    StrokePath line;
+    pallo::StrokePath line;
     line.moveTo(QPointF(0, 0));
     for (int i = 1; i <= 30; ++i)
         line.lineTo(QPointF(i * 40, (i % 2) * 3));
@@ -165,7 +165,7 @@ void TestStrokePath::partOfFarAreaIsEmpty()
 
 void TestStrokePath::diagonalPassingByIsLeftOut()
 {
-    StrokePath stroke;
+    pallo::StrokePath stroke;
     stroke.moveTo(QPointF(0, 0));
     stroke.lineTo(QPointF(1000, 1000));
     stroke.lineTo(QPointF(1000, 990));
@@ -178,7 +178,7 @@ void TestStrokePath::diagonalPassingByIsLeftOut()
 void TestStrokePath::areaCoveringAllGivesWholePath()
 {
     const QPainterPath path = scribble();
-    const StrokePath stroke(path);
+    const pallo::StrokePath stroke(path);
     QCOMPARE(stroke.partNear(QRectF(0, 0, 400, 300), 2), path);
 }
 
@@ -188,14 +188,14 @@ void TestStrokePath::pathWithCurveIsAlwaysWhole()
     path.lineTo(100, 0);
     path.cubicTo(150, 0, 150, 100, 100, 100);
     path.lineTo(0, 100);
-    StrokePath stroke(path);
+    pallo::StrokePath stroke(path);
     stroke.lineTo(QPointF(0, 200));
     QCOMPARE(stroke.partNear(QRectF(0, 190, 5, 5), 2), stroke.path());
 }
 
 void TestStrokePath::boundsFollowPoints()
 {
-    StrokePath stroke;
+    pallo::StrokePath stroke;
     stroke.moveTo(QPointF(50, 60));
     QCOMPARE(stroke.pointBounds(), QRectF(50, 60, 0, 0));
     stroke.lineTo(QPointF(10, 90));
@@ -205,7 +205,7 @@ void TestStrokePath::boundsFollowPoints()
 
 void TestStrokePath::roomToGrowAddsAnEighth()
 {
-    QCOMPARE(StrokePath::roomToGrow(QRectF(0, 0, 80, 16)), QRectF(-10, -2, 100, 20));
+    QCOMPARE(pallo::StrokePath::roomToGrow(QRectF(0, 0, 80, 16)), QRectF(-10, -2, 100, 20));
 }
 
 QTEST_MAIN(TestStrokePath)
