@@ -5,17 +5,7 @@
 #include <QApplication>
 #include <QEvent>
 #include <QGuiApplication>
-#include <QPixmap>
-#include <QScreen>
 #include <QWidget>
-
-QImage grabPrimaryScreen()
-{
-    QScreen* screen = QGuiApplication::primaryScreen();
-    if (screen == nullptr)
-        return QImage();
-    return screen->grabWindow(0).toImage();
-}
 
 bool regrabOnActivation(QWidget* window, QObject* watched, QEvent* event, bool& grabbed,
                         const std::function<void()>& takePicture)

@@ -2,16 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QImage>
-
 #include <functional>
 
 class QEvent;
 class QObject;
 class QWidget;
-
-// The whole primary screen as a picture; empty when there is no screen.
-QImage grabPrimaryScreen();
 
 // Takes a new still picture each time window is activated again after having lost
 // activation. The window is hidden during the grab, so the picture never shows the

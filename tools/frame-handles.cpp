@@ -7,8 +7,10 @@
 #include <QApplication>
 #include <QDebug>
 #include <QDesktopWidget>
+#include <QFont>
 #include <QGraphicsDropShadowEffect>
 #include <QPainter>
+#include <QString>
 #include <QWidget>
 
 #include <cstdlib>
@@ -102,6 +104,17 @@ void paintPicture(QPainter& painter, const QImage& picture, const QRect& widgetR
                        << ",[bgImg.Rect()]:" << picture.size();
     // Qt 5.15 ignores the high-quality antialiasing hint; Antialiasing is that hint now.
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+}
+
+void paintFailure(QPainter& painter, const QRect& widgetRect, const QString& message)
+{
+    painter.fillRect(widgetRect, QColor(0xf2, 0xf2, 0xf2));
+    QFont font = painter.font();
+    font.setPixelSize(qMax(16, widgetRect.height() / 40));
+    painter.setFont(font);
+    painter.setPen(QColor(0x33, 0x33, 0x33));
+    const QRect box = widgetRect.adjusted(widgetRect.width() / 5, 0, -widgetRect.width() / 5, 0);
+    painter.drawText(box, Qt::AlignCenter | Qt::TextWordWrap, message);
 }
 
 void paintFrame(QPainter& painter, const QRect& frame, double s)

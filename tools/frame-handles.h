@@ -9,6 +9,7 @@
 #include <Qt>
 
 class QPainter;
+class QString;
 class QWidget;
 
 // What the magnifier and the screenshot tool have in common: a rectangle on a still
@@ -51,6 +52,9 @@ QRect handleRect(const QRect& frame, int corner, double s);
 
 // Draws picture at the origin, logs the debug line "<tag>[this->Rect()]:..." and turns
 // on smooth rendering for what is painted next.
+// Stands in for the picture when the screen could not be read: a plain light page with
+// the message in its middle, so nobody takes it for the screen.
+void paintFailure(QPainter& painter, const QRect& widgetRect, const QString& message);
 void paintPicture(QPainter& painter, const QImage& picture, const QRect& widgetRect,
                   const char* tag);
 // The orange outline of frame and its four white handles.

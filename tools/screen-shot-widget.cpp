@@ -4,6 +4,7 @@
 
 #include "tools/activation-grab.h"
 #include "tools/frame-handles.h"
+#include "tools/screen-grabber.h"
 #include "tools/screenshot-file.h"
 #include "tools/selection-geometry.h"
 #include "ui_screen-shot-widget.h"
@@ -64,6 +65,9 @@ void screenShotWidget::placeButtons()
 void screenShotWidget::on_pushButton_screenshot_clicked()
 {
     qDebug() << "------------------------------screen";
+    // Only a picture of the screen is ever saved; without one the tick leaves the message up.
+    if (!pictureFailure.isEmpty() || bgImg.isNull())
+        return;
     const screenshot_file::Target target = screenshot_file::configuredTarget();
     cutImg = bgImg.copy(selection);
     const QString stamp = screenshot_file::timeStamp(std::time(nullptr));
@@ -85,16 +89,28 @@ void screenShotWidget::on_pushButton_screenshot_close_clicked()
     emit sg_screenexit();
 }
 
+void screenShotWidget::takePicture()
+{
+    const ScreenPicture picture = ScreenGrabber::grab();
+    bgImg = picture.image;
+    pictureFailure = picture.failure;
+    update();
+}
+
 bool screenShotWidget::eventFilter(QObject* watched, QEvent* event)
 {
     return regrabOnActivation(this, watched, event, screenPictureTaken,
-                              [this] { bgImg = grabPrimaryScreen(); }) ||
+                              [this] { takePicture(); }) ||
            QDialog::eventFilter(watched, event);
 }
 
 void screenShotWidget::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
+    if (!pictureFailure.isEmpty()) {
+        paintFailure(painter, rect(), pictureFailure);
+        return;
+    }
     paintPicture(painter, bgImg, rect(), "[SCN]");
     paintFrame(painter, selection, scale());
 }

@@ -25,6 +25,7 @@ public:
 
     QRect selectionRect() const { return selection; }
     int currentDragMode() const { return drag.dragMode; }
+    QString failure() const { return pictureFailure; }
 
 signals:
     void sg_screenexit();
@@ -45,10 +46,13 @@ protected:
 
 private:
     void placeButtons();
+    void takePicture();
 
     Ui::screenShotWidget* ui;
     FrameDrag drag;
     QImage bgImg;
+    // Why there is no picture of the screen; empty while there is one.
+    QString pictureFailure;
     QImage cutImg;
     QRect selection;
     int desktopWidth = 0;

@@ -5,6 +5,7 @@
 #include "tools/activation-grab.h"
 #include "tools/frame-handles.h"
 #include "tools/lens-geometry.h"
+#include "tools/screen-grabber.h"
 #include "ui_zoom-widget.h"
 
 #include <QKeyEvent>
@@ -41,7 +42,10 @@ ZoomWidget::~ZoomWidget()
 
 void ZoomWidget::updateImage()
 {
-    bgImg = grabPrimaryScreen();
+    const ScreenPicture picture = ScreenGrabber::grab();
+    bgImg = picture.image;
+    pictureFailure = picture.failure;
+    update();
 }
 
 void ZoomWidget::on_pushButton_zoom_turnoff_clicked()
@@ -81,6 +85,10 @@ bool ZoomWidget::eventFilter(QObject* watched, QEvent* event)
 void ZoomWidget::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
+    if (!pictureFailure.isEmpty()) {
+        paintFailure(painter, rect(), pictureFailure);
+        return;
+    }
     paintPicture(painter, bgImg, rect(), "[ZOOM]");
     if (lightsOff)
         painter.fillRect(rect(), QBrush(Qt::black, Qt::SolidPattern));

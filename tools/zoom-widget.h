@@ -27,6 +27,7 @@ public:
     float zoom() const { return zoomFactor; }
     int currentDragMode() const { return drag.dragMode; }
     bool isLightOff() const { return lightsOff; }
+    QString failure() const { return pictureFailure; }
 
 signals:
     void sg_exit();
@@ -56,6 +57,8 @@ private:
     FrameDrag drag;
     bool lightsOff = false;
     QImage bgImg;
+    // Why there is no picture of the screen; empty while there is one.
+    QString pictureFailure;
     QRect lens;
     QRect turnoffRect;
     QRect closeRect;
