@@ -35,6 +35,12 @@ bool servedBySameUser(int fd)
     return peer.uid == getuid();
 }
 
+bool peerHungUp(int fd)
+{
+    pollfd watched{fd, POLLRDHUP, 0};
+    return ::poll(&watched, 1, 0) == 1 && (watched.revents & (POLLHUP | POLLRDHUP)) != 0;
+}
+
 } // namespace
 
 NamedPipeClient::NamedPipeClient(NamedPipeCallback* callback) : callback_(callback) {}
@@ -125,7 +131,12 @@ std::uint32_t NamedPipeClient::Poll(int waitMs)
         Close();
         return kResultReadFailed + static_cast<std::uint32_t>(error);
     }
+    // On a SOCK_SEQPACKET socket a read of zero bytes is either an empty datagram or the
+    // end of the stream; only a hung-up peer tells them apart. An empty datagram carries
+    // no command and is dropped.
     if (count == 0) {
+        if (!peerHungUp(socket_))
+            return 0;
         Close();
         return kResultReadFailed + EPIPE;
     }

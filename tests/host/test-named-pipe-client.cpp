@@ -42,6 +42,8 @@ private slots:
     void longerMessageEndsTheLink_data();
     void longerMessageEndsTheLink();
     void closedPeerIsABrokenPipe();
+    void emptyMessageIsIgnored();
+    void emptyMessageBeforeTheCloseEndsTheLink();
     void queuedMessagesArriveBeforeTheClose();
     void unopenedClientFails();
     void missingPathFailsAtOnce();
@@ -168,6 +170,39 @@ void TestNamedPipeClient::closedPeerIsABrokenPipe()
     QCOMPARE(client.Poll(0), NamedPipeClient::kResultFailed);
     QVERIFY(client.Poll(10) != 0u);
     QVERIFY(recorder.messages.isEmpty());
+}
+
+void TestNamedPipeClient::emptyMessageIsIgnored()
+{
+    SeqpacketServer server(path("p"));
+    QVERIFY(server.start());
+    Recorder recorder;
+    NamedPipeClient client(&recorder);
+    QCOMPARE(client.Open(path("p").toStdString(), 500), 1);
+    QVERIFY(server.accept());
+    QVERIFY(server.send(QByteArray()));
+    QVERIFY(server.send("{\"type\":\"undo\"}"));
+    StderrCapture capture;
+    QCOMPARE(client.Poll(0), 0u);
+    QVERIFY(recorder.messages.isEmpty());
+    QCOMPARE(client.Poll(0), 0u);
+    QCOMPARE(recorder.messages, QList<QByteArray>{"{\"type\":\"undo\"}"});
+    QCOMPARE(client.Poll(0), 0u);
+    QCOMPARE(capture.finish(), QByteArray("Client Read: 15\n"));
+}
+
+void TestNamedPipeClient::emptyMessageBeforeTheCloseEndsTheLink()
+{
+    SeqpacketServer server(path("p"));
+    QVERIFY(server.start());
+    Recorder recorder;
+    NamedPipeClient client(&recorder);
+    QCOMPARE(client.Open(path("p").toStdString(), 500), 1);
+    QVERIFY(server.accept());
+    QVERIFY(server.send(QByteArray()));
+    server.closeConnection();
+    QCOMPARE(client.Poll(0), NamedPipeClient::kResultReadFailed + EPIPE);
+    QCOMPARE(client.Poll(0), NamedPipeClient::kResultFailed);
 }
 
 void TestNamedPipeClient::queuedMessagesArriveBeforeTheClose()
