@@ -3,6 +3,7 @@
 #include "host/local-holder.h"
 
 #include "bridge/bridge.h"
+#include "bridge/control-escape.h"
 #include "host/named-pipe-client.h"
 
 #include <QTimerEvent>
@@ -87,7 +88,7 @@ void LocalHolder::OnPipeMessage(const char* data, std::int32_t length)
         bridge->logger().log(bg::Logger::kError, "bg",
                              "%s[E][bg] %s %-4d: \"receive unsupported message: %s, error: %s\"\n",
                              bridge->clock().format("%m%d-%H:%M:%S").c_str(),
-                             bg::base_name(__FILE__), kUnsupportedMessageLine, text.c_str(),
-                             e.what());
+                             bg::base_name(__FILE__), kUnsupportedMessageLine,
+                             bg::escape_control(text).c_str(), e.what());
     }
 }

@@ -146,6 +146,8 @@ void TestLocalHolder::unreadableTypeWritesTheErrorLine_data()
                                 << "Type is not convertible to string";
     QTest::newRow("object type") << QByteArray("{\"type\":{\"a\":1}}")
                                  << "Type is not convertible to string";
+    QTest::newRow("forged line") << QByteArray("{\"type\":[1],\n\"x\":\"\x1b[2J\"}")
+                                 << "Type is not convertible to string";
     QTest::newRow("array message") << QByteArray("[1]")
                                    << "in Json::Value::resolveReference(key, end): requires "
                                       "objectValue";
@@ -177,7 +179,9 @@ void TestLocalHolder::unreadableTypeWritesTheErrorLine()
     QCOMPARE(errorLines.size(), 1);
     const QRegularExpressionMatch match = pattern.match(errorLines.first());
     QVERIFY2(match.hasMatch(), qPrintable(errorLines.first()));
-    QCOMPARE(match.captured(1), QString::fromUtf8(message));
+    QString shown = QString::fromUtf8(message);
+    shown.replace("\n", "\\n").replace("\x1b", "\\x1b");
+    QCOMPARE(match.captured(1), shown);
     QCOMPARE(match.captured(2), error);
     QCOMPARE(lines.filter("Client Read: ").size(), 2);
 }
