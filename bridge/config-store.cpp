@@ -11,7 +11,6 @@
 #include <fstream>
 #include <memory>
 #include <random>
-#include <sstream>
 #include <system_error>
 
 namespace fs = std::filesystem;
@@ -68,6 +67,9 @@ Value fromJson(const Json::Value& json, const Value& fallback)
     }
 }
 
+constexpr std::uintmax_t kMaxStoreBytes = 1024 * 1024;
+constexpr int kMaxDepth = 64;
+
 std::string temporaryName(const std::string& path)
 {
     std::random_device random;
@@ -92,24 +94,53 @@ ConfigStore::Load ConfigStore::load(Json::Value* root) const
     *root = Json::Value(Json::objectValue);
     std::error_code error;
     const fs::path file = fs::u8path(path_);
-    if (!fs::exists(file, error))
+    const fs::file_status status = fs::status(file, error);
+    if (status.type() == fs::file_type::not_found)
         return Load::Missing;
+    if (error) {
+        report("cannot be read", error.message());
+        return Load::Broken;
+    }
+    // Checked before opening: opening a FIFO would wait for a writer forever.
+    if (status.type() != fs::file_type::regular) {
+        report("is not a regular file", "left untouched");
+        return Load::Broken;
+    }
+    const std::uintmax_t size = fs::file_size(file, error);
+    if (error || size > kMaxStoreBytes) {
+        report("is too large", std::to_string(size) + " bytes");
+        return Load::Broken;
+    }
     std::ifstream in(file, std::ios::binary);
     if (!in) {
         report("cannot be read", "open failed");
         return Load::Broken;
     }
-    std::ostringstream content;
-    content << in.rdbuf();
-    const std::string text = content.str();
+    // The file may have grown since its size was taken; never read more than the cap.
+    std::string text(static_cast<std::size_t>(kMaxStoreBytes) + 1, '\0');
+    in.read(text.data(), static_cast<std::streamsize>(text.size()));
+    text.resize(static_cast<std::size_t>(in.gcount()));
+    if (text.size() > kMaxStoreBytes) {
+        report("is too large", std::to_string(text.size()) + " bytes");
+        return Load::Broken;
+    }
     if (text.find_first_not_of(" \t\r\n") == std::string::npos)
         return Load::Missing;
 
     Json::CharReaderBuilder builder;
+    // Settings are flat; deep nesting only comes from a damaged or hostile file, and
+    // both parsing and rewriting it would cost far more than it holds.
+    builder["stackLimit"] = kMaxDepth;
     std::unique_ptr<Json::CharReader> reader(builder.newCharReader());
     std::string errors;
     Json::Value parsed;
-    if (!reader->parse(text.data(), text.data() + text.size(), &parsed, &errors)) {
+    bool parsedWell = false;
+    try {
+        parsedWell = reader->parse(text.data(), text.data() + text.size(), &parsed, &errors);
+    } catch (const std::exception& e) {
+        errors = e.what();
+    }
+    if (!parsedWell) {
         report("is not valid JSON", errors);
         return Load::Broken;
     }
@@ -119,6 +150,19 @@ ConfigStore::Load ConfigStore::load(Json::Value* root) const
     }
     *root = parsed;
     return Load::Ok;
+}
+
+bool ConfigStore::keepAside() const
+{
+    std::error_code error;
+    const fs::path bad = fs::u8path(path_ + ".bad");
+    fs::rename(fs::u8path(path_), bad, error);
+    if (error) {
+        report("cannot be kept aside", error.message());
+        return false;
+    }
+    report("was kept aside as", bad.u8string());
+    return true;
 }
 
 bool ConfigStore::save(const Json::Value& root) const
@@ -158,7 +202,7 @@ bool ConfigStore::save(const Json::Value& root) const
 bool ConfigStore::set(const std::string& key, const Value& value)
 {
     Json::Value root;
-    if (load(&root) == Load::Broken)
+    if (load(&root) == Load::Broken && !keepAside())
         return false;
     root[key] = toJson(value);
     return save(root);

@@ -16,8 +16,10 @@ class Logger;
 
 // Key-value settings shared with the host in one JSON object. The file is read on
 // every access, so changes the host makes are seen at once, and written through a
-// temporary file that is renamed over it, so a crash never leaves half a file. A file
-// that is not a JSON object is never overwritten.
+// temporary file that is renamed over it, so a crash never leaves half a file. A store
+// that cannot be read (not a regular file, too large, not a JSON object, nested too
+// deep) is reported and read as empty; before the first write it is moved aside to
+// PATH.bad, so what it held is never lost.
 class ConfigStore
 {
 public:
@@ -44,6 +46,7 @@ private:
 
     Load load(Json::Value* root) const;
     bool save(const Json::Value& root) const;
+    bool keepAside() const;
     void report(const char* what, const std::string& detail) const;
 
     std::string path_;

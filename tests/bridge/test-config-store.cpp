@@ -12,6 +12,10 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#endif
+
 #include <cstdio>
 
 namespace {
@@ -73,7 +77,8 @@ private slots:
     void typedTextComesBackTyped();
     void writeLeavesNoTemporaryFile();
     void failedWriteLeavesNoTrace();
-    void brokenFileIsNeverOverwritten();
+    void badStoreIsReadAsEmptyAndKeptAside_data();
+    void badStoreIsReadAsEmptyAndKeptAside();
     void removeDeletesTheKey();
 
 private:
@@ -183,37 +188,87 @@ void TestConfigStore::writeLeavesNoTemporaryFile()
 
 void TestConfigStore::failedWriteLeavesNoTrace()
 {
-    // A folder in the file's place makes the final rename fail, even for root.
+    // A folder in the file's place, and another where it would be kept aside, make the
+    // write fail, even for root.
     const QString blocked = dir_.filePath("blocked.json");
     QVERIFY(QDir().mkpath(blocked + "/inside"));
+    QVERIFY(QDir().mkpath(blocked + ".bad/inside"));
     bg::Logger logger;
     std::FILE* log = std::tmpfile();
     logger.setSink(log);
     bg::ConfigStore store(blocked.toStdString(), &logger);
     QVERIFY(!store.set("key", bg::Value("v")));
     QVERIFY(QFileInfo(blocked + "/inside").isDir());
+    QVERIFY(QFileInfo(blocked + ".bad/inside").isDir());
     QCOMPARE(QDir(dir_.path()).entryList(QDir::Files), QStringList());
-    QVERIFY(contentOfLog(log).contains("cannot be replaced"));
+    QVERIFY(contentOfLog(log).contains("cannot be kept aside"));
     std::fclose(log);
 }
 
-void TestConfigStore::brokenFileIsNeverOverwritten()
+void TestConfigStore::badStoreIsReadAsEmptyAndKeptAside_data()
 {
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QByteArray>("reported");
+
+    QTest::newRow("cut short") << "file" << QByteArray("{\"half\": ")
+                               << QByteArray("is not valid JSON");
+    QTest::newRow("array") << "file" << QByteArray("[1]") << QByteArray("is not a JSON object");
+    QTest::newRow("nested 1001 deep")
+        << "file" << QByteArray("{\"a\":") + QByteArray(1000, '[') + QByteArray(1000, ']') + "}"
+        << QByteArray("is not valid JSON");
+    QTest::newRow("nested 998 deep")
+        << "file" << QByteArray("{\"a\":") + QByteArray(997, '[') + QByteArray(997, ']') + "}"
+        << QByteArray("is not valid JSON");
+    QByteArray large = "{\"a\":\"" + QByteArray(57 * 1024 * 1024, 'x') + "\"}";
+    QTest::newRow("57 MB") << "file" << large << QByteArray("is too large");
+#ifdef Q_OS_UNIX
+    QTest::newRow("fifo") << "fifo" << QByteArray() << QByteArray("is not a regular file");
+#endif
+    QTest::newRow("folder") << "folder" << QByteArray() << QByteArray("is not a regular file");
+}
+
+void TestConfigStore::badStoreIsReadAsEmptyAndKeptAside()
+{
+    QFETCH(QString, kind);
+    QFETCH(QByteArray, content);
+    QFETCH(QByteArray, reported);
+
     QDir().mkpath(QFileInfo(path_).path());
-    writeFile(path_, "{\"half\": ");
+    if (kind == "file")
+        writeFile(path_, content);
+#ifdef Q_OS_UNIX
+    else if (kind == "fifo")
+        QCOMPARE(::mkfifo(QFile::encodeName(path_).constData(), 0600), 0);
+#endif
+    else
+        QVERIFY(QDir().mkpath(path_));
     bg::Logger logger;
     std::FILE* log = std::tmpfile();
     logger.setSink(log);
     bg::ConfigStore store(path_.toStdString(), &logger);
-    QCOMPARE(store.get("half", bg::Value("d")).toStdString(), std::string("d"));
+    QCOMPARE(store.get("a", bg::Value("d")).toStdString(), std::string("d"));
+    QVERIFY(!store.has("a"));
     QCOMPARE(store.get_or_default("x", bg::Value("d")).toStdString(), std::string("d"));
-    QVERIFY(!store.set("x", bg::Value("y")));
-    QFile file(path_);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(file.readAll(), QByteArray("{\"half\": "));
-
+    QVERIFY(!store.remove("a"));
+    QVERIFY(QFileInfo::exists(path_));
+    QVERIFY(!QFileInfo::exists(path_ + ".bad"));
     const QByteArray logged = contentOfLog(log);
-    QVERIFY2(logged.contains("is not valid JSON"), logged.constData());
+    QVERIFY2(logged.contains(QFile::encodeName(path_) + ": " + reported), logged.constData());
+
+    QVERIFY(store.set("x", bg::Value("y")));
+    QCOMPARE(store.get("x", bg::Value("d")).toStdString(), std::string("y"));
+    QVERIFY(QFileInfo(path_).isFile());
+    QVERIFY(QFileInfo(path_).size() < 100);
+    const QFileInfo bad(path_ + ".bad");
+    if (kind == "file") {
+        QFile kept(bad.filePath());
+        QVERIFY(kept.open(QIODevice::ReadOnly));
+        QCOMPARE(kept.readAll(), content);
+    } else {
+        QCOMPARE(bad.isDir(), kind == "folder");
+    }
+    QVERIFY(contentOfLog(log).contains("was kept aside as: " + QFile::encodeName(bad.filePath())));
     std::fclose(log);
 }
 
