@@ -10,7 +10,13 @@ GraphicsScene::GraphicsScene(QObject* parent) : QGraphicsScene(parent)
     connect(this, &QGraphicsScene::selectionChanged, this, &GraphicsScene::slot_selectionChanged);
 }
 
-GraphicsScene::~GraphicsScene() = default;
+GraphicsScene::~GraphicsScene()
+{
+    // QGraphicsScene's own destructor removes the items, and with them the selection;
+    // by then this class is gone, so its slot must not run.
+    disconnect(this, &QGraphicsScene::selectionChanged, this,
+               &GraphicsScene::slot_selectionChanged);
+}
 
 void GraphicsScene::slot_selectionChanged()
 {

@@ -58,9 +58,10 @@ CtrlForm::CtrlForm(QWidget* parent)
     m_aboutAction = new QAction(tr("CtrlForm.Btn.AboutUs"));
     m_versionAction = new QAction(tr("CtrlForm.Btn.VersionCheck"));
 
-    m_view = new pallo::GraphicsView(true, nullptr);
-    m_view->attachCtrlForm(this);
-    installEventFilter(m_view);
+    auto* view = new pallo::GraphicsView(true, nullptr);
+    view->attachCtrlForm(this);
+    installEventFilter(view);
+    m_view = view;
 
     ui->toolButton_pen->setText("brush");
     ui->toolButton_drag->setText("drag");
@@ -214,7 +215,8 @@ void CtrlForm::buildMenus()
 
 pallo::GraphicsView* CtrlForm::canvasView() const
 {
-    return m_view;
+    // A view in the middle of its destruction is no longer a GraphicsView.
+    return qobject_cast<pallo::GraphicsView*>(m_view.data());
 }
 
 EdgeHideDialog* CtrlForm::edgeStrip() const

@@ -145,7 +145,9 @@ private:
     Ui::CtrlForm* ui;
     QButtonGroup* m_figure_group;
     QButtonGroup* m_color_group;
-    QPointer<pallo::GraphicsView> m_view;
+    // Held as a QWidget: the destructor may meet the view half-destroyed, when it is no
+    // longer a GraphicsView.
+    QPointer<QWidget> m_view;
     PopupMenuWdiget* m_toolsMenu = nullptr;
     SizeMenu* m_sizeMenu = nullptr;
     FontSizeMenu* m_fontSizeMenu = nullptr;

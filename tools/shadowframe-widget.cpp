@@ -81,6 +81,10 @@ shadowframeWidget::shadowframeWidget(QWidget* parent)
 
 shadowframeWidget::~shadowframeWidget()
 {
+    // The children die after this body, and a line edit losing focus then still reports
+    // editingFinished; nothing of the panel may hear it.
+    for (QObject* child : findChildren<QObject*>())
+        child->disconnect(this);
     delete ui;
 }
 

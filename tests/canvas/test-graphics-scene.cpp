@@ -46,11 +46,15 @@ class TestGraphicsScene : public QObject
 {
     Q_OBJECT
 
+private:
+    QGraphicsScene m_quietScene;
+
 private slots:
     void canvasUsesIt();
     void selectingTextsWritesOneLineEach();
     void selectionWithoutTextsWritesStartAndEnd();
     void signalsAreBlockedOnlyInsideTheSlot();
+    void destroyingTheSceneRunsNoSlot();
 };
 
 void TestGraphicsScene::canvasUsesIt()
@@ -114,6 +118,19 @@ void TestGraphicsScene::signalsAreBlockedOnlyInsideTheSlot()
     QCOMPARE(spy.count(), 1);
     text->setSelected(false);
     QCOMPARE(spy.count(), 2);
+}
+
+void TestGraphicsScene::destroyingTheSceneRunsNoSlot()
+{
+    auto* scene = new GraphicsScene;
+    auto* text = new textItemchange(nullptr);
+    scene->addItem(text);
+    text->setSelected(true);
+    DebugLines lines(scene);
+    // The handler must not touch the scene once its destruction has begun.
+    DebugLines::s_scene = &m_quietScene;
+    delete scene;
+    QCOMPARE(DebugLines::s_lines, QStringList());
 }
 
 QTEST_MAIN(TestGraphicsScene)

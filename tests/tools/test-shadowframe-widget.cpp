@@ -114,6 +114,8 @@ private slots:
     void formatIsStoredTrimmedInThePanelStore_data();
     void formatIsStoredTrimmedInThePanelStore();
     void closeReportsTheExit();
+    void destroyedWithAFocusedEditorReportsNothing_data();
+    void destroyedWithAFocusedEditorReportsNothing();
     void retranslationKeepsTheFormat();
     void dragMovesThePanel();
     void looksFinished_data();
@@ -205,6 +207,32 @@ void TestShadowframeWidget::acceptedKeyIsHandedOn_data()
 
 // A key accepted in one editor reaches the matching signal, with the editor's text,
 // and no other.
+void TestShadowframeWidget::destroyedWithAFocusedEditorReportsNothing_data()
+{
+    QTest::addColumn<QString>("editor");
+    QTest::newRow("magnifier") << "lineEdit_zoom";
+    QTest::newRow("timer") << "lineEdit_timer";
+    QTest::newRow("screenshot") << "lineEdit_screen";
+}
+
+void TestShadowframeWidget::destroyedWithAFocusedEditorReportsNothing()
+{
+    QFETCH(QString, editor);
+    auto* panel = new shadowframeWidget;
+    QVERIFY(showActive(*panel));
+    KeyLineEdit* edit = child<KeyLineEdit>(*panel, qPrintable(editor));
+    edit->setFocus();
+    QTRY_VERIFY(edit->hasFocus());
+    QObject listener;
+    int reports = 0;
+    const auto count = [&reports] { ++reports; };
+    connect(panel, &shadowframeWidget::sg_zoomkeytext, &listener, count);
+    connect(panel, &shadowframeWidget::sg_timerkeytext, &listener, count);
+    connect(panel, &shadowframeWidget::sg_screenkeytext, &listener, count);
+    delete panel;
+    QCOMPARE(reports, 0);
+}
+
 void TestShadowframeWidget::acceptedKeyIsHandedOn()
 {
     QFETCH(QString, editor);
