@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/board-settings.h"
 
+#include "tools/ini-store-status.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QSettings>
@@ -12,6 +14,7 @@ QSettings* openBoardSettings(QObject* parent)
     const QString name = QCoreApplication::applicationName();
     auto* settings =
         new QSettings(QSettings::IniFormat, QSettings::UserScope, name, name + "New", parent);
+    reportIniFormatError(*settings);
     writeBoardSettingDefaults(*settings);
     return settings;
 }

@@ -4,6 +4,7 @@
 
 #include "app/scale-factor.h"
 #include "app/style-sheet-loader.h"
+#include "tools/ini-store-status.h"
 #include "ui_shadowframe-widget.h"
 
 #include <QCoreApplication>
@@ -19,13 +20,18 @@
 #include <QTimer>
 #include <QUrl>
 
+#include <memory>
+
 namespace {
 
 // The panel keeps its own store, apart from the board's.
-QSettings panelSettings()
+std::unique_ptr<QSettings> panelSettings()
 {
     const QString name = QCoreApplication::applicationName();
-    return QSettings(QSettings::IniFormat, QSettings::UserScope, name, name);
+    auto settings =
+        std::make_unique<QSettings>(QSettings::IniFormat, QSettings::UserScope, name, name);
+    reportIniFormatError(*settings);
+    return settings;
 }
 
 } // namespace
@@ -172,7 +178,7 @@ void shadowframeWidget::on_toolButton_change_clicked()
 
 void shadowframeWidget::on_toolButton_open_clicked()
 {
-    const QString folder = QString::fromUtf8(panelSettings().value("cutdirectory").toByteArray());
+    const QString folder = QString::fromUtf8(panelSettings()->value("cutdirectory").toByteArray());
     if (folder.isEmpty() || !QFileInfo(folder).isDir()) {
         qDebug() << "screenshot folder not found:" << folder;
         return;
@@ -186,7 +192,7 @@ void shadowframeWidget::formatchanged(QString str)
 {
     str = str.simplified();
     qDebug() << "str = str.simplified" << str;
-    panelSettings().setValue("picformat", str);
+    panelSettings()->setValue("picformat", str);
 }
 
 void shadowframeWidget::changeEvent(QEvent* event)
