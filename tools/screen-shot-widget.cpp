@@ -4,6 +4,7 @@
 
 #include "tools/activation-grab.h"
 #include "tools/frame-handles.h"
+#include "tools/notice-label.h"
 #include "tools/screen-grabber.h"
 #include "tools/screenshot-file.h"
 #include "tools/selection-geometry.h"
@@ -11,11 +12,13 @@
 
 #include <QClipboard>
 #include <QDebug>
+#include <QFile>
 #include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
 
+#include <cstdio>
 #include <ctime>
 
 namespace {
@@ -73,9 +76,17 @@ void screenShotWidget::on_pushButton_screenshot_clicked()
     const QString stamp = screenshot_file::timeStamp(std::time(nullptr));
     const QString path = screenshot_file::filePath(target.folder, stamp, target.format);
     qDebug().noquote() << path;
-    // A folder that is missing or read-only loses only the file; the picture still
-    // reaches the clipboard and the board.
-    cutImg.save(path);
+    // A folder that cannot take the file loses only the file; the picture still reaches
+    // the clipboard and the board, and the user is told.
+    const QString failure = screenshot_file::save(cutImg, path, target.format);
+    if (!failure.isEmpty()) {
+        std::fprintf(stderr, "[E] screenshot not saved to %s: %s\n",
+                     QFile::encodeName(path).constData(), failure.toLocal8Bit().constData());
+        NoticeLabel::showOn(screen(),
+                            tr("The screenshot could not be saved to %1 (%2). It is on the "
+                               "clipboard and pinned on the board.")
+                                .arg(path, failure));
+    }
     emit sg_screenimage(cutImg.copy());
     QGuiApplication::clipboard()->setImage(cutImg, QClipboard::Clipboard);
     emit sg_transtochoose();

@@ -5,7 +5,15 @@
 #include "bridge/bridge.h"
 #include "bridge/clock.h"
 
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QImage>
+#include <QImageWriter>
+#include <QSaveFile>
 #include <QStandardPaths>
+
+#include <cstdio>
 
 namespace screenshot_file {
 
@@ -22,8 +30,13 @@ Target configuredTarget()
     QString format = QString::fromLatin1(defaultFormat);
     if (bg::BridgeInterface* bridge = bg::GetBridge()) {
         bg::ConfigStore& config = bridge->config();
-        folder = QString::fromStdString(
-            config.get_or_default(pathKey, bg::Value(desktop.toStdString())).toStdString());
+        const bg::Value stored = config.get_or_default(pathKey, bg::Value(desktop.toStdString()));
+        if (stored.type() == bg::Value::kString) {
+            folder = QString::fromStdString(stored.toStdString());
+        } else {
+            std::fprintf(stderr, "[E] %s is not a text; screenshots go to %s\n", pathKey,
+                         QFile::encodeName(desktop).constData());
+        }
         format = QString::fromStdString(
             config.get_or_default(formatKey, bg::Value(defaultFormat)).toStdString());
     }
@@ -38,6 +51,25 @@ QString timeStamp(std::time_t when)
 QString filePath(const QString& folder, const QString& stamp, const QString& format)
 {
     return folder + QLatin1Char('/') + stamp + QLatin1Char('.') + format;
+}
+
+QString save(const QImage& picture, const QString& path, const QString& format)
+{
+    const QString folder = QFileInfo(path).path();
+    if (!QDir().mkpath(folder))
+        return QStringLiteral("the folder %1 cannot be created").arg(folder);
+    // QSaveFile writes beside the target and renames only a complete file into place.
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly))
+        return file.errorString();
+    QImageWriter writer(&file, format.toLatin1());
+    if (!writer.write(picture)) {
+        file.cancelWriting();
+        return writer.errorString();
+    }
+    if (!file.commit())
+        return file.errorString();
+    return QString();
 }
 
 } // namespace screenshot_file

@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "bridge/bridge.h"
 #include "root-pattern.h"
+#include "tests/bridge/stderr-capture.h"
 #include "tests/test-output.h"
 #include "tool-test-support.h"
 #include "tools/frame-handles.h"
+#include "tools/notice-label.h"
 #include "tools/screen-shot-widget.h"
 #include "x-input-focus.h"
 
@@ -54,10 +56,12 @@ private slots:
     void savingWritesCopiesAndHandsOn();
     void savingAsJpg();
     void twoSavesInOneSecondLeaveOneFile();
-    void missingFolderLosesOnlyTheFile();
+    void missingFolderIsCreated();
+    void failedSaveIsShownAndKeepsThePicture();
     void emptyFormatEndsInADot();
 
 private:
+    static QStringList noticeTexts();
     void openActivated();
     void configure(const QString& folder, const QString& format);
     QImage save(QStringList* order = nullptr);
@@ -100,6 +104,20 @@ void TestScreenShotWidget::cleanup()
     shot->close();
     delete shot;
     shot = nullptr;
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (auto* notice = qobject_cast<NoticeLabel*>(window))
+            delete notice;
+    }
+}
+
+QStringList TestScreenShotWidget::noticeTexts()
+{
+    QStringList texts;
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (auto* notice = qobject_cast<NoticeLabel*>(window); notice && notice->isVisible())
+            texts << notice->text();
+    }
+    return texts;
 }
 
 void TestScreenShotWidget::configure(const QString& path, const QString& format)
@@ -421,20 +439,46 @@ void TestScreenShotWidget::twoSavesInOneSecondLeaveOneFile()
     QFAIL("no two saves fell within one second");
 }
 
-void TestScreenShotWidget::missingFolderLosesOnlyTheFile()
+void TestScreenShotWidget::missingFolderIsCreated()
 {
     const QString missing = folder.filePath("not/there");
     configure(missing, "png");
     openActivated();
     const QImage expected = expectedCut();
+    save();
+    const QStringList files = QDir(missing).entryList(QDir::Files);
+    QCOMPARE(files.size(), 1);
+    QCOMPARE(QImage(QDir(missing).filePath(files.first())).convertToFormat(QImage::Format_RGB32),
+             expected);
+    QVERIFY(noticeTexts().isEmpty());
+}
+
+void TestScreenShotWidget::failedSaveIsShownAndKeepsThePicture()
+{
+    // A plain file where the folder should be: no folder can be made there, even by root.
+    const QString blocker = folder.filePath("blocker");
+    {
+        QFile file(blocker);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+    }
+    const QString target = blocker + "/shots";
+    configure(target, "png");
+    openActivated();
+    const QImage expected = expectedCut();
     QStringList order;
+    StderrCapture capture;
     const QImage handedOn = save(&order);
+    const QByteArray errors = capture.finish();
     QCOMPARE(order, (QStringList{"image", "choose while open", "exit after close"}));
-    QVERIFY(!QDir(missing).exists());
-    QVERIFY(QDir(folder.path()).isEmpty());
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot),
+             QStringList{"blocker"});
     QCOMPARE(handedOn.convertToFormat(QImage::Format_RGB32), expected);
     QCOMPARE(QGuiApplication::clipboard()->image().convertToFormat(QImage::Format_RGB32), expected);
-    QVERIFY(!shot->isVisible());
+    QVERIFY2(errors.contains("[E] screenshot not saved to " + QFile::encodeName(target) + "/"),
+             errors.constData());
+    const QStringList notices = noticeTexts();
+    QCOMPARE(notices.size(), 1);
+    QVERIFY2(notices.first().contains(target + "/"), qPrintable(notices.first()));
 }
 
 void TestScreenShotWidget::emptyFormatEndsInADot()

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 pallo-board developers
 // SPDX-License-Identifier: MIT
 #include "bridge/bridge.h"
+#include "tests/bridge/stderr-capture.h"
 #include "tools/screenshot-file.h"
 
 #include <QStandardPaths>
@@ -37,6 +38,7 @@ private slots:
     void withoutBridgeTheDefaults();
     void absentKeysAreStoredWithDefaults();
     void storedValuesWinAndFormatIsSimplified();
+    void folderThatIsNotATextIsReported();
 };
 
 void TestScreenshotFile::cleanup()
@@ -117,6 +119,18 @@ void TestScreenshotFile::storedValuesWinAndFormatIsSimplified()
     // An empty format is a value of its own, not a missing one.
     QVERIFY(config.set("screen.shot.format", bg::Value("")));
     QCOMPARE(configuredTarget().format, QString());
+}
+
+void TestScreenshotFile::folderThatIsNotATextIsReported()
+{
+    QVERIFY(bg::InitBridge(0, nullptr));
+    bg::ConfigStore& config = bg::GetBridge()->config();
+    QVERIFY(config.set("screen.shot.path", bg::Value(42)));
+    const QString desktop = QStandardPaths::writableLocation(QStandardPaths::DesktopLocation);
+    StderrCapture capture;
+    QCOMPARE(configuredTarget().folder, desktop);
+    QCOMPARE(capture.finish(), "[E] screen.shot.path is not a text; screenshots go to " +
+                                   QFile::encodeName(desktop) + "\n");
 }
 
 QTEST_GUILESS_MAIN(TestScreenshotFile)
