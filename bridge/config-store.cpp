@@ -116,12 +116,13 @@ ConfigStore::Load ConfigStore::load(Json::Value* root) const
         report("cannot be read", "open failed");
         return Load::Broken;
     }
-    // The file may have grown since its size was taken; never read more than the cap.
-    std::string text(static_cast<std::size_t>(kMaxStoreBytes) + 1, '\0');
+    // One byte more than its size tells a file that grew since its size was taken, so
+    // no more than the cap is ever read.
+    std::string text(static_cast<std::size_t>(size) + 1, '\0');
     in.read(text.data(), static_cast<std::streamsize>(text.size()));
     text.resize(static_cast<std::size_t>(in.gcount()));
-    if (text.size() > kMaxStoreBytes) {
-        report("is too large", std::to_string(text.size()) + " bytes");
+    if (text.size() > size) {
+        report("changed while it was read", "left untouched");
         return Load::Broken;
     }
     if (text.find_first_not_of(" \t\r\n") == std::string::npos)
