@@ -30,6 +30,9 @@ ToolbarLayout measureToolbarLayout()
         layout.size = form->size();
         if (pen != nullptr)
             layout.penCentre = pen->mapTo(form.get(), pen->rect().center());
+        auto* undo = form->findChild<QToolButton*>(QStringLiteral("toolButton_undo"));
+        if (undo != nullptr)
+            layout.undoCentre = undo->mapTo(form.get(), undo->rect().center());
     }
     form.reset();
     QCoreApplication::removeTranslator(&translator);

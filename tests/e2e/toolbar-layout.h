@@ -12,6 +12,7 @@ struct ToolbarLayout
 {
     QSize size;
     QPoint penCentre;
+    QPoint undoCentre;
 };
 
 ToolbarLayout measureToolbarLayout();

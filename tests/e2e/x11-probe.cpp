@@ -223,15 +223,19 @@ QImage X11Probe::grabScreen() const
     return screen->grabWindow(0).toImage().convertToFormat(QImage::Format_RGB32);
 }
 
+bool isReddish(QRgb pixel)
+{
+    return qRed(pixel) >= 180 && qRed(pixel) - qGreen(pixel) >= 100 &&
+           qRed(pixel) - qBlue(pixel) >= 100;
+}
+
 int countReddish(const QImage& image)
 {
     int count = 0;
     for (int y = 0; y < image.height(); ++y) {
         const QRgb* line = reinterpret_cast<const QRgb*>(image.constScanLine(y));
         for (int x = 0; x < image.width(); ++x) {
-            const QRgb pixel = line[x];
-            if (qRed(pixel) >= 180 && qRed(pixel) - qGreen(pixel) >= 100 &&
-                qRed(pixel) - qBlue(pixel) >= 100)
+            if (isReddish(line[x]))
                 ++count;
         }
     }

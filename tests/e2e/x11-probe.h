@@ -66,3 +66,4 @@ private:
 // The number of pixels of image in which red stands out: strokes of the board's red pen,
 // anti-aliased edges included, whatever lies beneath.
 int countReddish(const QImage& image);
+bool isReddish(QRgb pixel);

@@ -1,0 +1,298 @@
+// SPDX-FileCopyrightText: 2026 pallo-board developers
+// SPDX-License-Identifier: MIT
+#include "tests/e2e/e2e-board.h"
+#include "tests/e2e/sway-session.h"
+#include "tests/e2e/toolbar-layout.h"
+#include "tests/e2e/vnc-pointer.h"
+#include "tests/e2e/x11-probe.h"
+#include "tests/test-output.h"
+
+#include <QLineF>
+#include <QPolygon>
+#include <QProcess>
+#include <QtTest>
+
+#include <cstdio>
+#include <memory>
+
+namespace {
+
+const QColor kFoot(0x00, 0xc0, 0x40);
+const QColor kXterm(0x20, 0x40, 0xd0);
+// On the left half, where foot lies, clear of the toolbar at the top right.
+const QList<QPoint> kStroke{{300, 500}, {400, 540}, {500, 580}, {600, 600}, {700, 640}};
+// How far a pen stroke's pixels reach from the line the pointer went along.
+constexpr qreal kInkReach = 12;
+// Enough red to be a stroke, not a stray pixel.
+constexpr int kStrokePixels = 200;
+
+bool near(const QColor& a, const QColor& b)
+{
+    // The canvas's invisible fill may shift a channel by a step or two.
+    return qAbs(a.red() - b.red()) <= 3 && qAbs(a.green() - b.green()) <= 3 &&
+           qAbs(a.blue() - b.blue()) <= 3;
+}
+
+qreal distanceToPolyline(const QPoint& p, const QList<QPoint>& line)
+{
+    qreal best = 1e9;
+    for (int i = 1; i < line.size(); ++i) {
+        const QLineF segment(line.at(i - 1), line.at(i));
+        const QPointF d = segment.p2() - segment.p1();
+        const qreal length2 = d.x() * d.x() + d.y() * d.y();
+        qreal t = length2 > 0 ? QPointF::dotProduct(QPointF(p) - segment.p1(), d) / length2 : 0;
+        t = qBound<qreal>(0, t, 1);
+        best = qMin(best, QLineF(QPointF(p), segment.pointAt(t)).length());
+    }
+    return best;
+}
+
+} // namespace
+
+// The real board in a headless sway session, through XWayland, over a native Wayland
+// program (foot) and an X program (xterm), judged by the compositor's own screenshot and
+// driven by real pointer input through the compositor.
+class TestBoardWaylandE2e : public QObject
+{
+    Q_OBJECT
+private slots:
+    void initTestCase();
+    void cleanupTestCase();
+
+    void programsShowThroughTheCanvas();
+    void toolbarShowsAboveTheCanvas();
+    void hideAndShowOrHideTakeBoardAwayAndBack();
+    void penChosenOnTheToolbarDrawsWhereThePointerWent();
+    void toolbarUndoUndoesAfterDrawing();
+
+private:
+    ToolbarLayout measureToolbarInSession() const;
+    QImage screen(const char* name = nullptr) const;
+    bool toolbarShown(const QImage& shot) const;
+    QRect toolbarRect() const;
+    // Brings a docked toolbar back under the pointer and waits until it is whole.
+    bool revealToolbar();
+
+    std::unique_ptr<SwaySession> session;
+    std::unique_ptr<X11Probe> probe;
+    std::unique_ptr<E2eBoard> board;
+    QProcess xterm;
+    VncPointer pointer;
+    ToolbarLayout layout;
+};
+
+void TestBoardWaylandE2e::initTestCase()
+{
+    session = std::make_unique<SwaySession>();
+    if (!session->start()) {
+        if (!session->skipReason().isEmpty())
+            QSKIP(qPrintable("no Wayland session here: " + session->skipReason()));
+        QFAIL(qPrintable(session->error()));
+    }
+    // The board and the probe are X clients of XWayland, as in a user's Wayland session.
+    qputenv("DISPLAY", session->display().toUtf8());
+    qputenv("WAYLAND_DISPLAY", session->waylandEnvironment().value("WAYLAND_DISPLAY").toUtf8());
+    probe = std::make_unique<X11Probe>();
+    QVERIFY(probe->isValid());
+    QVERIFY2(pointer.connectTo(session->vncSocket()), qPrintable(pointer.error()));
+    layout = measureToolbarInSession();
+    QVERIFY(!layout.size.isEmpty());
+
+    xterm.start("xterm", {"-bg", kXterm.name(), "-fg", kXterm.name()});
+    QVERIFY(xterm.waitForStarted());
+    QTRY_VERIFY_WITH_TIMEOUT(near(screen().pixelColor(1400, 540), kXterm), 10000);
+
+    board = std::make_unique<E2eBoard>();
+    QVERIFY(board->startWithHost());
+    QTRY_VERIFY_WITH_TIMEOUT(
+        probe->canvasOf(board->pid()).id != 0 && probe->toolbarOf(board->pid()).id != 0, 10000);
+}
+
+void TestBoardWaylandE2e::cleanupTestCase()
+{
+    if (board) {
+        board->closePipe();
+        QVERIFY(board->waitForExit(3000));
+    }
+    board.reset();
+    if (xterm.state() != QProcess::NotRunning) {
+        xterm.terminate();
+        xterm.waitForFinished();
+    }
+    probe.reset();
+    session.reset();
+}
+
+// The toolbar's size and buttons depend on the display's fonts and scale, so they are
+// measured by this program run again as an X client of the session.
+ToolbarLayout TestBoardWaylandE2e::measureToolbarInSession() const
+{
+    QProcess measure;
+    QProcessEnvironment env = session->waylandEnvironment();
+    env.insert("QT_QPA_PLATFORM", "xcb");
+    measure.setProcessEnvironment(env);
+    measure.start(QCoreApplication::applicationFilePath(), {"--measure-toolbar"});
+    ToolbarLayout measured;
+    if (!measure.waitForFinished(30000) || measure.exitCode() != 0)
+        return measured;
+    const QList<QByteArray> n = measure.readAllStandardOutput().trimmed().split(' ');
+    if (n.size() != 6)
+        return measured;
+    measured.size = QSize(n[0].toInt(), n[1].toInt());
+    measured.penCentre = QPoint(n[2].toInt(), n[3].toInt());
+    measured.undoCentre = QPoint(n[4].toInt(), n[5].toInt());
+    return measured;
+}
+
+QImage TestBoardWaylandE2e::screen(const char* name) const
+{
+    const QImage shot = session->screenshot().convertToFormat(QImage::Format_RGB32);
+    if (name != nullptr)
+        keepPicture(shot, name);
+    return shot;
+}
+
+QRect TestBoardWaylandE2e::toolbarRect() const
+{
+    return probe->toolbarOf(board->pid()).geometry;
+}
+
+bool TestBoardWaylandE2e::toolbarShown(const QImage& shot) const
+{
+    const QRect bar = toolbarRect();
+    if (bar.width() < layout.size.width() / 2 || bar.height() < layout.size.height() / 2)
+        return false;
+    // Most of the toolbar's pixels are its own, not the program's beneath.
+    int own = 0;
+    int all = 0;
+    for (int y = bar.top(); y <= bar.bottom(); y += 2) {
+        for (int x = bar.left(); x <= bar.right(); x += 2) {
+            ++all;
+            const QColor c = shot.pixelColor(x, y);
+            if (!near(c, kFoot) && !near(c, kXterm))
+                ++own;
+        }
+    }
+    return own * 10 > all * 9;
+}
+
+bool TestBoardWaylandE2e::revealToolbar()
+{
+    if (toolbarRect().size() == layout.size)
+        return true;
+    const QRect strip = toolbarRect();
+    if (strip.isEmpty() || !pointer.moveTo(strip.center()))
+        return false;
+    if (QTest::qWaitFor([this] { return toolbarRect().size() == layout.size; }, 5000))
+        return true;
+    qWarning() << "the toolbar stays at" << toolbarRect() << "measured" << layout.size;
+    return false;
+}
+
+void TestBoardWaylandE2e::programsShowThroughTheCanvas()
+{
+    const QRect canvas = probe->canvasOf(board->pid()).geometry;
+    QCOMPARE(canvas, QRect(0, 0, SwaySession::width, SwaySession::height));
+    const QImage shot = screen("wayland-see-through");
+    const QRect bar = toolbarRect();
+    for (const QPoint& p : {QPoint(20, 20), QPoint(20, 1060), QPoint(900, 540), QPoint(500, 900)}) {
+        if (bar.contains(p))
+            continue;
+        QVERIFY2(near(shot.pixelColor(p), kFoot), qPrintable(QString("foot at %1,%2 shows %3")
+                                                                 .arg(p.x())
+                                                                 .arg(p.y())
+                                                                 .arg(shot.pixelColor(p).name())));
+    }
+    for (const QPoint& p : {QPoint(1000, 540), QPoint(1900, 1060), QPoint(1400, 900)}) {
+        if (bar.contains(p))
+            continue;
+        QVERIFY2(near(shot.pixelColor(p), kXterm), qPrintable(QString("xterm at %1,%2 shows %3")
+                                                                  .arg(p.x())
+                                                                  .arg(p.y())
+                                                                  .arg(shot.pixelColor(p).name())));
+    }
+}
+
+void TestBoardWaylandE2e::toolbarShowsAboveTheCanvas()
+{
+    QVERIFY(revealToolbar());
+    // XWayland's stacking order need not be the compositor's: the screen is what counts.
+    QTRY_VERIFY_WITH_TIMEOUT(toolbarShown(screen("wayland-toolbar")), 5000);
+}
+
+void TestBoardWaylandE2e::hideAndShowOrHideTakeBoardAwayAndBack()
+{
+    QVERIFY(revealToolbar());
+    const QRect bar = toolbarRect();
+    QVERIFY(board->send(R"({"type":"hide"})"));
+    QTRY_VERIFY_WITH_TIMEOUT(probe->viewableWindowsOf(board->pid()).isEmpty(), 5000);
+    QTRY_VERIFY_WITH_TIMEOUT(near(screen().pixelColor(bar.center()), kXterm), 5000);
+
+    QVERIFY(board->send(R"({"type":"show_or_hide"})"));
+    QTRY_VERIFY_WITH_TIMEOUT(
+        probe->canvasOf(board->pid()).id != 0 && probe->toolbarOf(board->pid()).id != 0, 5000);
+    QVERIFY(revealToolbar());
+    QTRY_VERIFY_WITH_TIMEOUT(toolbarShown(screen()), 5000);
+
+    QVERIFY(board->send(R"({"type":"show_or_hide"})"));
+    QTRY_VERIFY_WITH_TIMEOUT(probe->viewableWindowsOf(board->pid()).isEmpty(), 5000);
+    QVERIFY(board->send(R"({"type":"show_or_hide"})"));
+    QTRY_VERIFY_WITH_TIMEOUT(probe->canvasOf(board->pid()).id != 0, 5000);
+    QVERIFY(revealToolbar());
+    QTRY_VERIFY_WITH_TIMEOUT(toolbarShown(screen()), 5000);
+}
+
+void TestBoardWaylandE2e::penChosenOnTheToolbarDrawsWhereThePointerWent()
+{
+    QVERIFY(revealToolbar());
+    QVERIFY(pointer.click(toolbarRect().topLeft() + layout.penCentre));
+    const unsigned long canvas = probe->canvasOf(board->pid()).id;
+    QTRY_VERIFY_WITH_TIMEOUT(!probe->inputShapeEmpty(canvas), 5000);
+
+    QVERIFY(pointer.drag(kStroke));
+    QTRY_VERIFY_WITH_TIMEOUT(countReddish(screen()) > kStrokePixels, 5000);
+    const QImage shot = screen("wayland-stroke");
+    int along = 0;
+    int astray = 0;
+    QPoint firstAstray;
+    for (int y = 0; y < shot.height(); ++y) {
+        for (int x = 0; x < shot.width(); ++x) {
+            if (!isReddish(shot.pixel(x, y)))
+                continue;
+            if (distanceToPolyline(QPoint(x, y), kStroke) <= kInkReach) {
+                ++along;
+            } else if (astray++ == 0) {
+                firstAstray = QPoint(x, y);
+            }
+        }
+    }
+    QVERIFY(along > kStrokePixels);
+    QVERIFY2(astray == 0, qPrintable(QString("%1 red pixels away from the stroke, first at %2,%3")
+                                         .arg(astray)
+                                         .arg(firstAstray.x())
+                                         .arg(firstAstray.y())));
+}
+
+void TestBoardWaylandE2e::toolbarUndoUndoesAfterDrawing()
+{
+    QVERIFY(countReddish(screen()) > kStrokePixels);
+    QVERIFY(revealToolbar());
+    QVERIFY(pointer.click(toolbarRect().topLeft() + layout.undoCentre));
+    QTRY_COMPARE_WITH_TIMEOUT(countReddish(screen()), 0, 5000);
+    QVERIFY(toolbarShown(screen("wayland-undone")));
+}
+
+int main(int argc, char** argv)
+{
+    QApplication app(argc, argv);
+    if (argc > 1 && qstrcmp(argv[1], "--measure-toolbar") == 0) {
+        const ToolbarLayout m = measureToolbarLayout();
+        std::printf("%d %d %d %d %d %d\n", m.size.width(), m.size.height(), m.penCentre.x(),
+                    m.penCentre.y(), m.undoCentre.x(), m.undoCentre.y());
+        return m.size.isEmpty() ? 1 : 0;
+    }
+    TestBoardWaylandE2e test;
+    QTEST_SET_MAIN_SOURCE_PATH
+    return QTest::qExec(&test, argc, argv);
+}
+#include "test-board-wayland-e2e.moc"
