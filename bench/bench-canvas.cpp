@@ -19,6 +19,8 @@ constexpr int kWholeCanvasSteps = 10;
 constexpr int kClearItems = 10000;
 
 ResultsTable s_table;
+// --ink-layer=off measures the canvas painting every item itself.
+bool s_inkLayer = true;
 
 template <typename Step> double timeNs(Step step)
 {
@@ -36,7 +38,7 @@ void record(benchmark::State& state, double ns, std::vector<double>& times)
 
 void moveBenchmark(benchmark::State& state, const QString& tool, int length, int items)
 {
-    CanvasFixture canvas(items);
+    CanvasFixture canvas(items, s_inkLayer);
     canvas.beginStroke(tool, length);
     std::vector<double> times;
     qint64 painted = 0;
@@ -51,7 +53,7 @@ void moveBenchmark(benchmark::State& state, const QString& tool, int length, int
 
 void clearBenchmark(benchmark::State& state, bool measureUndo)
 {
-    CanvasFixture canvas(kClearItems);
+    CanvasFixture canvas(kClearItems, s_inkLayer);
     DrawManagerEx* drawing = canvas.manager();
     drawing->slot_clear();
     canvas.settle();
@@ -79,7 +81,7 @@ void clearBenchmark(benchmark::State& state, bool measureUndo)
 
 void repaintBenchmark(benchmark::State& state)
 {
-    CanvasFixture canvas(kClearItems);
+    CanvasFixture canvas(kClearItems, s_inkLayer);
     std::vector<double> times;
     for (auto _ : state)
         record(state, timeNs([&] { canvas.repaintAll(); }), times);
@@ -102,6 +104,14 @@ int main(int argc, char** argv)
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     qInstallMessageHandler(quietDebug);
+    for (int i = 1; i < argc; ++i) {
+        if (qstrcmp(argv[i], "--ink-layer=off") == 0) {
+            s_inkLayer = false;
+            std::copy(argv + i + 1, argv + argc, argv + i);
+            --argc;
+            break;
+        }
+    }
     QApplication app(argc, argv);
 
     const QStringList tools = {"brush", "highlighter", "erase"};
@@ -139,7 +149,8 @@ int main(int argc, char** argv)
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
 
-    std::printf("\nTime per step, 1920x1080 ARGB canvas, QT_QPA_PLATFORM=%s\n\n%s",
-                qgetenv("QT_QPA_PLATFORM").constData(), qPrintable(s_table.format()));
+    std::printf("\nTime per step, 1920x1080 ARGB canvas, QT_QPA_PLATFORM=%s, ink layer %s\n\n%s",
+                qgetenv("QT_QPA_PLATFORM").constData(), s_inkLayer ? "on" : "off",
+                qPrintable(s_table.format()));
     return 0;
 }

@@ -6,12 +6,14 @@
 #include "bench/viewport-recorder.h"
 #include "canvas/draw-manager-ex.h"
 #include "canvas/graphics-view.h"
+#include "canvas/ink-layer.h"
 
 #include <QCoreApplication>
 
-CanvasFixture::CanvasFixture(int items)
+CanvasFixture::CanvasFixture(int items, bool inkLayer)
     : m_view(std::make_unique<pallo::GraphicsView>(true, nullptr))
 {
+    m_view->inkLayer()->setEnabled(inkLayer);
     m_view->setWindowState(Qt::WindowNoState);
     m_view->resize(Screen);
     m_view->show();

@@ -19,8 +19,9 @@ class CanvasFixture
 public:
     static constexpr QSize Screen = QSize(1920, 1080);
 
-    // Draws items finished pen strokes spread over the screen.
-    explicit CanvasFixture(int items);
+    // Draws items finished pen strokes spread over the screen. Without the ink layer, every
+    // item paints itself on every repaint, as the canvas did before it had one.
+    explicit CanvasFixture(int items, bool inkLayer = true);
     ~CanvasFixture();
 
     // Chooses tool and presses, then moves until the stroke holds points points.

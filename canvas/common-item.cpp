@@ -3,6 +3,7 @@
 #include "canvas/common-item.h"
 
 #include "canvas/arrow-path.h"
+#include "canvas/ink-layer.h"
 
 #include <QDebug>
 #include <QPainter>
@@ -13,22 +14,32 @@
 CommonItem::CommonItem(int kind, QPointF pos) : m_kind(kind), m_position(pos)
 {
     setFlag(ItemIsSelectable, false);
+    setFlag(ItemSendsGeometryChanges, true);
     setPos(pos);
 }
 
 CommonItem::~CommonItem()
 {
     m_hoverCursor.leave();
+    InkLayer::looksChanged(this);
+}
+
+QVariant CommonItem::itemChange(GraphicsItemChange change, const QVariant& value)
+{
+    InkLayer::itemChanged(this, change);
+    return QGraphicsItem::itemChange(change, value);
 }
 
 void CommonItem::setColor(const QColor& color)
 {
+    InkLayer::looksChanged(this);
     m_color = color;
     update();
 }
 
 void CommonItem::setWidth(int width)
 {
+    InkLayer::looksChanged(this);
     prepareGeometryChange();
     m_width = width;
 }
@@ -41,6 +52,7 @@ void CommonItem::setExtent(qreal dx, qreal dy)
     const QRectF box(-w / 2, -h / 2, w, h);
     const QPointF tail(-dx / 2, -dy / 2);
     const QPointF head(dx / 2, dy / 2);
+    InkLayer::looksChanged(this);
 
     prepareGeometryChange();
     m_path = QPainterPath();
@@ -74,6 +86,7 @@ QRectF CommonItem::shapeRect() const
 
 void CommonItem::setShapePath(const QPainterPath& path)
 {
+    InkLayer::looksChanged(this);
     prepareGeometryChange();
     m_path = path;
 }
@@ -102,6 +115,8 @@ QPainterPath CommonItem::shape() const
 
 void CommonItem::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*)
 {
+    if (InkLayer::holds(this))
+        return;
     painter->setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     switch (m_kind) {
     case Arrow:

@@ -60,6 +60,7 @@ signals:
                            QGraphicsItem* item);
 
 protected:
+    QVariant itemChange(GraphicsItemChange change, const QVariant& value) override;
     void hoverEnterEvent(QGraphicsSceneHoverEvent* event) override;
     void hoverLeaveEvent(QGraphicsSceneHoverEvent* event) override;
 

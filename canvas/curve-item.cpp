@@ -4,6 +4,7 @@
 
 #include "canvas/clip-area.h"
 #include "canvas/graphics-view.h"
+#include "canvas/ink-layer.h"
 
 #include <QDebug>
 #include <QGraphicsSceneMouseEvent>
@@ -62,6 +63,8 @@ QPainterPath CurveItem::shape() const
 
 void CurveItem::paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget*)
 {
+    if (InkLayer::holds(this))
+        return;
     painter->setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     const QColor color = (option->state & QStyle::State_Selected) ? m_color.darker(150) : m_color;
     QPen pen(color, m_width);

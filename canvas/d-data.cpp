@@ -10,6 +10,7 @@
 #include "canvas/del-item.h"
 #include "canvas/empty-item.h"
 #include "canvas/erase-item.h"
+#include "canvas/ink-layer.h"
 #include "canvas/manger-info.h"
 #include "canvas/operate-item.h"
 
@@ -48,6 +49,8 @@ void DData::add(const StrokeRecord& stroke)
         }
     }
     m_undoStack->push(new AddItem(this, record));
+    // The finished stroke joins the picture of the finished drawing.
+    InkLayer::stackChanged();
 }
 
 void DData::remove(const ItemRecord& record)

@@ -28,6 +28,8 @@ public:
 
     DData* data() const { return m_data; }
     int fontSize() const { return m_fontSize; }
+    // The item of the stroke being drawn, or null.
+    QGraphicsItem* strokeItem() const { return m_stroke ? m_stroke->item : nullptr; }
 
 signals:
     void sg_exitchoose();

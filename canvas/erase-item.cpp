@@ -3,6 +3,7 @@
 #include "canvas/erase-item.h"
 
 #include "canvas/clip-area.h"
+#include "canvas/ink-layer.h"
 
 #include <QPainter>
 #include <QPainterPathStroker>
@@ -38,6 +39,8 @@ QPainterPath EraseItem::shape() const
 
 void EraseItem::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*)
 {
+    if (InkLayer::holds(this))
+        return;
     // A repaint of a small area strokes only the part of a long path that can reach it.
     const QRectF area = clipArea(painter);
     const QPainterPath part = area.isNull() ? stroke().path() : stroke().partNear(area, reach());

@@ -9,6 +9,7 @@
 #include "canvas/draw-manager-ex.h"
 #include "canvas/erase-item.h"
 #include "canvas/graphics-scene.h"
+#include "canvas/ink-layer.h"
 #include "canvas/operate-item.h"
 #include "canvas/pass-through.h"
 #include "toolbar/ctrl-form.h"
@@ -22,6 +23,7 @@
 #include <QLineF>
 #include <QPointer>
 #include <QSettings>
+#include <QStyleOptionGraphicsItem>
 #include <QTabletEvent>
 #include <QVBoxLayout>
 
@@ -73,6 +75,8 @@ GraphicsView::GraphicsView(bool enable, QWidget* parent) : QGraphicsView(parent)
     m_manager = new DrawManagerEx(this);
     connect(m_manager, &DrawManagerEx::sg_cursor, this, &GraphicsView::slot_cursor);
     connect(m_manager, &DrawManagerEx::sg_widstayontop, this, &GraphicsView::slot_widstayontop);
+    m_inkLayer = std::make_unique<InkLayer>(
+        this, [this](const QGraphicsItem* item) { return item != m_manager->strokeItem(); });
 
     setOptimizationFlag(QGraphicsView::IndirectPainting, true);
     installEventFilter(this);
@@ -94,6 +98,7 @@ GraphicsView::~GraphicsView()
     // A text being edited is finished while the drawing data still exists; then the history,
     // which refers to the items, goes before the scene that owns them.
     scene()->setFocusItem(nullptr, Qt::OtherFocusReason);
+    m_inkLayer.reset();
     delete m_manager;
     m_manager = nullptr;
 }
@@ -403,6 +408,37 @@ void GraphicsView::focusOutEvent(QFocusEvent* event)
 {
     QWidget::focusOutEvent(event);
 }
+
+void GraphicsView::paintEvent(QPaintEvent* event)
+{
+    m_inkLayer->beginPaint();
+    QGraphicsView::paintEvent(event);
+    m_inkLayer->endPaint();
+}
+
+void GraphicsView::drawBackground(QPainter* painter, const QRectF& rect)
+{
+    if (!m_inkLayer->paintBackground(painter, rect))
+        QGraphicsView::drawBackground(painter, rect);
+}
+
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+void GraphicsView::drawItems(QPainter* painter, int numItems, QGraphicsItem* items[],
+                             const QStyleOptionGraphicsItem options[])
+{
+    // The items in the ink layer's picture are left out before the scene sets up the painter
+    // for each of them.
+    QVector<QGraphicsItem*> painted;
+    QVector<QStyleOptionGraphicsItem> paintedOptions;
+    for (int i = 0; i < numItems; ++i) {
+        if (InkLayer::holds(items[i]))
+            continue;
+        painted.append(items[i]);
+        paintedOptions.append(options[i]);
+    }
+    QGraphicsView::drawItems(painter, painted.size(), painted.data(), paintedOptions.data());
+}
+#endif
 
 void GraphicsView::resizeEvent(QResizeEvent* event)
 {

@@ -7,11 +7,14 @@
 #include <QPointer>
 #include <QString>
 
+#include <memory>
+
 #ifdef Q_OS_WIN
 #include <qt_windows.h>
 #endif
 
 class CtrlForm;
+class InkLayer;
 class DrawManagerEx;
 class QSettings;
 class QxtGlobalShortcut;
@@ -40,6 +43,7 @@ public:
     void attachCtrlForm(CtrlForm* form);
 
     DrawManagerEx* drawManager() const { return m_manager; }
+    InkLayer* inkLayer() const { return m_inkLayer.get(); }
     CtrlForm* ctrlForm() const { return m_ctrlForm; }
     QSettings* settings() const { return m_settings; }
     bool chooseMode() const { return m_chooseMode; }
@@ -83,6 +87,12 @@ protected:
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void drawBackground(QPainter* painter, const QRectF& rect) override;
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    void drawItems(QPainter* painter, int numItems, QGraphicsItem* items[],
+                   const QStyleOptionGraphicsItem options[]) override;
+#endif
 
 private:
     bool textItemUnderCursor(const QPoint& point);
@@ -101,6 +111,7 @@ private:
 #endif
 
     DrawManagerEx* m_manager = nullptr;
+    std::unique_ptr<InkLayer> m_inkLayer;
     CtrlForm* m_ctrlForm = nullptr;
     QSettings* m_settings = nullptr;
     QPointer<Widgettest> m_timerWidget;

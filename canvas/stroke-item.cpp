@@ -2,10 +2,27 @@
 // SPDX-License-Identifier: MIT
 #include "canvas/stroke-item.h"
 
-StrokeItem::StrokeItem(const QPainterPath& path) : m_stroke(path) {}
+#include "canvas/ink-layer.h"
+
+StrokeItem::StrokeItem(const QPainterPath& path) : m_stroke(path)
+{
+    setFlag(ItemSendsGeometryChanges, true);
+}
+
+StrokeItem::~StrokeItem()
+{
+    InkLayer::looksChanged(this);
+}
+
+QVariant StrokeItem::itemChange(GraphicsItemChange change, const QVariant& value)
+{
+    InkLayer::itemChanged(this, change);
+    return QGraphicsPathItem::itemChange(change, value);
+}
 
 void StrokeItem::setPath(const QPainterPath& path)
 {
+    InkLayer::looksChanged(this);
     prepareGeometryChange();
     m_stroke = pallo::StrokePath(path);
     m_bounds = tightBounds();

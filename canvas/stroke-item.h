@@ -20,6 +20,9 @@ public:
 
 protected:
     explicit StrokeItem(const QPainterPath& path = QPainterPath());
+    ~StrokeItem() override;
+
+    QVariant itemChange(GraphicsItemChange change, const QVariant& value) override;
 
     // How far beyond its path the pen can touch a pixel.
     virtual qreal reach() const = 0;
