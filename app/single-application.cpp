@@ -3,6 +3,7 @@
 #include "app/single-application.h"
 
 #include "app/single-application-private.h"
+#include "logging/log-categories.h"
 
 #include <QElapsedTimer>
 #include <QLocalSocket>
@@ -63,8 +64,9 @@ SingleApplication::SingleApplication(int& argc, char* argv[], bool allowSecondar
             d->initializeMemoryBlock();
         }
         if (!d->memory->unlock()) {
-            qDebug().noquote() << "SingleApplication: Unable to unlock memory for random wait."
-                               << d->memory->errorString();
+            qCDebug(lcApp).noquote()
+                << "SingleApplication: Unable to unlock memory for random wait."
+                << d->memory->errorString();
         }
         d->randomSleep();
         if (!d->memory->lock()) {
@@ -82,16 +84,18 @@ SingleApplication::SingleApplication(int& argc, char* argv[], bool allowSecondar
     if (!d->block()->primary) {
         d->startPrimary();
         if (!d->memory->unlock()) {
-            qDebug().noquote() << "SingleApplication: Unable to unlock memory after primary start."
-                               << d->memory->errorString();
+            qCDebug(lcApp).noquote()
+                << "SingleApplication: Unable to unlock memory after primary start."
+                << d->memory->errorString();
         }
         return;
     }
 
     if (!allowSecondary) {
         if (!d->memory->unlock()) {
-            qDebug().noquote() << "SingleApplication: Unable to unlock memory at end of execution."
-                               << d->memory->errorString();
+            qCDebug(lcApp).noquote()
+                << "SingleApplication: Unable to unlock memory at end of execution."
+                << d->memory->errorString();
         }
         d->connectToPrimary(timeout, ConnectionType::NewInstance);
         delete d;
@@ -103,8 +107,9 @@ SingleApplication::SingleApplication(int& argc, char* argv[], bool allowSecondar
         d->connectToPrimary(timeout, ConnectionType::SecondaryInstance);
     }
     if (!d->memory->unlock()) {
-        qDebug().noquote() << "SingleApplication: Unable to unlock memory after secondary start."
-                           << d->memory->errorString();
+        qCDebug(lcApp).noquote()
+            << "SingleApplication: Unable to unlock memory after secondary start."
+            << d->memory->errorString();
     }
 }
 

@@ -4,8 +4,8 @@
 
 #include "canvas/d-data.h"
 #include "canvas/item-visibility.h"
+#include "logging/log-categories.h"
 
-#include <QDebug>
 #include <QGraphicsItem>
 
 AddItem::AddItem(DData* data, const ItemRecord& record)
@@ -18,16 +18,16 @@ AddItem::~AddItem() = default;
 void AddItem::redo()
 {
     m_item->setVisible(true);
-    qDebug() << "flag" << m_item;
+    qCDebug(lcCanvas) << "flag" << m_item;
     // The item may have been recorded before the first push; it is listed only once.
     if (!m_firstRedo || m_data->indexOfItem(m_item) < 0)
         m_data->records().append(m_record);
     m_firstRedo = false;
-    qDebug() << "AddItem Redo";
+    qCDebug(lcCanvas) << "AddItem Redo";
 }
 
 void AddItem::undo()
 {
     hideDrawnItem(m_data, m_item);
-    qDebug() << "AddItem Undo";
+    qCDebug(lcCanvas) << "AddItem Undo";
 }

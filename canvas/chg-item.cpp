@@ -5,8 +5,8 @@
 #include "canvas/d-data.h"
 #include "canvas/manger-info.h"
 #include "canvas/operate-item.h"
+#include "logging/log-categories.h"
 
-#include <QDebug>
 #include <QGraphicsItem>
 #include <QGraphicsScene>
 
@@ -48,11 +48,11 @@ void ChgItem::exchange()
 void ChgItem::redo()
 {
     exchange();
-    qDebug() << "ChgItem Redo";
+    qCDebug(lcCanvas) << "ChgItem Redo";
 }
 
 void ChgItem::undo()
 {
     exchange();
-    qDebug() << "ChgItem Undo";
+    qCDebug(lcCanvas) << "ChgItem Undo";
 }

@@ -3,8 +3,8 @@
 #include "canvas/chg-pos.h"
 
 #include "canvas/d-data.h"
+#include "logging/log-categories.h"
 
-#include <QDebug>
 #include <QGraphicsItem>
 #include <QGraphicsScene>
 
@@ -28,11 +28,11 @@ void ChgPos::exchange()
 void ChgPos::redo()
 {
     exchange();
-    qDebug() << "ChgPos Redo";
+    qCDebug(lcCanvas) << "ChgPos Redo";
 }
 
 void ChgPos::undo()
 {
     exchange();
-    qDebug() << "ChgPos Undo";
+    qCDebug(lcCanvas) << "ChgPos Undo";
 }

@@ -4,8 +4,8 @@
 
 #include "canvas/arrow-path.h"
 #include "canvas/ink-layer.h"
+#include "logging/log-categories.h"
 
-#include <QDebug>
 #include <QPainter>
 #include <QPainterPathStroker>
 #include <QPolygonF>
@@ -75,7 +75,7 @@ void CommonItem::setExtent(qreal dx, qreal dy)
         break;
     }
     setPos(m_position.x() + dx / 2, m_position.y() + dy / 2);
-    qDebug() << "CommonItem extent" << oldRect << dx << dy;
+    qCDebug(lcCanvas) << "CommonItem extent" << oldRect << dx << dy;
     update(boundingRect());
 }
 

@@ -5,8 +5,8 @@
 #include "canvas/clip-area.h"
 #include "canvas/graphics-view.h"
 #include "canvas/ink-layer.h"
+#include "logging/log-categories.h"
 
-#include <QDebug>
 #include <QGraphicsSceneMouseEvent>
 #include <QPainter>
 #include <QPainterPathStroker>
@@ -105,7 +105,7 @@ void CurveItem::mouseMoveEvent(QGraphicsSceneMouseEvent* event)
         return;
     m_moved = true;
     const QPointF displacement = event->scenePos() - m_lastScenePos;
-    qDebug() << "ScenePos" << displacement;
+    qCDebug(lcCanvas) << "ScenePos" << displacement;
     moveBy(displacement.x(), displacement.y());
     m_lastScenePos = event->scenePos();
 }

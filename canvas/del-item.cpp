@@ -4,8 +4,8 @@
 
 #include "canvas/d-data.h"
 #include "canvas/item-visibility.h"
+#include "logging/log-categories.h"
 
-#include <QDebug>
 #include <QGraphicsItem>
 
 DelItem::DelItem(DData* data, const ItemRecord& record)
@@ -21,12 +21,12 @@ void DelItem::redo()
     if (m_index >= 0)
         m_record = m_data->records().at(m_index);
     hideDrawnItem(m_data, m_item);
-    qDebug() << "DelItem Redo";
+    qCDebug(lcCanvas) << "DelItem Redo";
 }
 
 void DelItem::undo()
 {
     detachHandlesFrom(m_item);
     showDrawnItem(m_data, m_record, m_index);
-    qDebug() << "DelItem Undo";
+    qCDebug(lcCanvas) << "DelItem Undo";
 }

@@ -8,10 +8,10 @@
 #include "canvas/erase-item.h"
 #include "canvas/text-itemchange.h"
 #include "canvas/tool-vocabulary.h"
+#include "logging/log-categories.h"
 #include "tools/pix-label.h"
 
 #include <QApplication>
-#include <QDebug>
 #include <QFont>
 #include <QGraphicsScene>
 #include <QGraphicsView>
@@ -126,7 +126,7 @@ void DrawManagerEx::updateShape()
 {
     StrokeRecord& s = *m_stroke;
     if (s.figure != "line")
-        qDebug() << "fg" << s.startX << s.startY << s.endX << s.endY;
+        qCDebug(lcCanvas) << "fg" << s.startX << s.startY << s.endX << s.endY;
     auto* item = static_cast<CommonItem*>(s.item);
     if (!item) {
         item = new CommonItem(commonItemKindFor(s.figure), QPointF(s.startX, s.startY));

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "canvas/graphics-scene.h"
 
-#include <QDebug>
+#include "logging/log-categories.h"
+
 #include <QGraphicsTextItem>
 
 GraphicsScene::GraphicsScene(QObject* parent) : QGraphicsScene(parent)
@@ -20,14 +21,14 @@ GraphicsScene::~GraphicsScene()
 
 void GraphicsScene::slot_selectionChanged()
 {
-    qDebug() << "select Changed slot start";
+    qCDebug(lcCanvas) << "select Changed slot start";
     // Whatever is done to the selection here must not start this slot again.
     const bool blocked = blockSignals(true);
     const QList<QGraphicsItem*> selected = selectedItems();
     for (QGraphicsItem* item : selected) {
         if (dynamic_cast<QGraphicsTextItem*>(item))
-            qDebug() << "select Changed";
+            qCDebug(lcCanvas) << "select Changed";
     }
     blockSignals(blocked);
-    qDebug() << "select Changed slot end";
+    qCDebug(lcCanvas) << "select Changed slot end";
 }

@@ -5,13 +5,13 @@
 // and the hotkeys that open the tools.
 #include "canvas/graphics-view.h"
 
+#include "logging/log-categories.h"
 #include "toolbar/ctrl-form.h"
 #include "tools/drop-later.h"
 #include "tools/qxt-global-shortcut.h"
 #include "tools/shadowframe-widget.h"
 #include "tools/widgettest.h"
 
-#include <QDebug>
 #include <QKeySequence>
 #include <QSettings>
 
@@ -29,7 +29,7 @@ shadowframeWidget* GraphicsView::settingsPanel() const
 
 void GraphicsView::slot_timer()
 {
-    qDebug() << "接收到定时器信号";
+    qCDebug(lcCanvas) << "接收到定时器信号";
     // The toolbar's entry and the hotkey both toggle the window.
     if (m_timerWidget) {
         delete m_timerWidget;
@@ -101,7 +101,7 @@ void GraphicsView::changeHotkey(QxtGlobalShortcut* shortcut, const QString& key,
                                 const QString& sequence)
 {
     if (!shortcut || !shortcut->setShortcut(QKeySequence(sequence))) {
-        qDebug() << "快捷键已占用";
+        qCDebug(lcCanvas) << "快捷键已占用";
         return;
     }
     connectHotkey(shortcut);
@@ -120,7 +120,7 @@ void GraphicsView::slot_timershortcut(QString str)
 
 void GraphicsView::slot_screenshortcut(QString str)
 {
-    qDebug() << "screen快捷键";
+    qCDebug(lcCanvas) << "screen快捷键";
     changeHotkey(m_screenShortcut, "screen", str);
 }
 

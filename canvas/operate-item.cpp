@@ -5,9 +5,9 @@
 #include "canvas/common-item.h"
 #include "canvas/cursor-image.h"
 #include "canvas/handle-geometry.h"
+#include "logging/log-categories.h"
 
 #include <QApplication>
-#include <QDebug>
 #include <QGraphicsScene>
 #include <QGraphicsSceneHoverEvent>
 #include <QGraphicsSceneMouseEvent>
@@ -135,7 +135,7 @@ int OperateItem::handleAt(const QPointF& point) const
 {
     if (!m_target)
         return handles::None;
-    qDebug() << "handle test" << point << m_target->shapeRect();
+    qCDebug(lcCanvas) << "handle test" << point << m_target->shapeRect();
     return handles::handleCodeAt(point, frame(), m_outline);
 }
 
@@ -217,9 +217,9 @@ void OperateItem::hoverEnterEvent(QGraphicsSceneHoverEvent* event)
 {
     restoreCursor();
     const int code = handleAt(event->pos());
-    qDebug() << "hoverEnterEvent" << code;
+    qCDebug(lcCanvas) << "hoverEnterEvent" << code;
     if (isCorner(code))
-        qDebug() << "hovertype" << code;
+        qCDebug(lcCanvas) << "hovertype" << code;
     installCursor(code);
     m_hoverType = code;
     QGraphicsItem::hoverEnterEvent(event);
@@ -230,9 +230,9 @@ void OperateItem::hoverMoveEvent(QGraphicsSceneHoverEvent* event)
     const int code = handleAt(event->pos());
     if (code != m_hoverType) {
         restoreCursor();
-        qDebug() << "hoverEnterEvent" << code;
+        qCDebug(lcCanvas) << "hoverEnterEvent" << code;
         if (isCorner(code))
-            qDebug() << "hovertype" << code;
+            qCDebug(lcCanvas) << "hovertype" << code;
         installCursor(code);
         m_hoverType = code;
     }
@@ -241,7 +241,7 @@ void OperateItem::hoverMoveEvent(QGraphicsSceneHoverEvent* event)
 
 void OperateItem::hoverLeaveEvent(QGraphicsSceneHoverEvent* event)
 {
-    qDebug() << "hoverLeaveEvent";
+    qCDebug(lcCanvas) << "hoverLeaveEvent";
     restoreCursor();
     QGraphicsItem::hoverLeaveEvent(event);
 }
@@ -250,7 +250,7 @@ void OperateItem::mousePressEvent(QGraphicsSceneMouseEvent* event)
 {
     m_changed = false;
     m_pressType = handleAt(event->pos());
-    qDebug() << "contains point:" << m_pressType << isSelected();
+    qCDebug(lcCanvas) << "contains point:" << m_pressType << isSelected();
     if (m_pressType == handles::Rotation) {
         setFlag(ItemIsMovable, false);
         m_angle = 0;
@@ -321,8 +321,8 @@ void OperateItem::scaleTo(const QPointF& scenePoint)
     } else {
         sx = handles::axisFactor(std::abs(d.x()), r0.width());
         sy = handles::axisFactor(std::abs(d.y()), r0.height());
-        qDebug() << "dist" << d;
-        qDebug() << sx << sy;
+        qCDebug(lcCanvas) << "dist" << d;
+        qCDebug(lcCanvas) << sx << sy;
     }
     const QPainterPath scaled = QTransform::fromScale(sx, sy).map(path);
     const QRectF r1 = scaled.boundingRect();

@@ -5,10 +5,10 @@
 #include "canvas/cursor-image.h"
 #include "canvas/d-data.h"
 #include "canvas/graphics-view.h"
+#include "logging/log-categories.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QApplication>
-#include <QDebug>
 #include <QGraphicsSceneMouseEvent>
 #include <QPainter>
 #include <QStyleOptionGraphicsItem>
@@ -61,7 +61,7 @@ bool textItemchange::isEditing()
 
 void textItemchange::focusInEvent(QFocusEvent* event)
 {
-    qDebug() << "文本获得焦点";
+    qCDebug(lcCanvas) << "文本获得焦点";
     m_caretVisible = true;
     m_caretTimer->start();
     update();
@@ -77,7 +77,7 @@ void textItemchange::focusOutEvent(QFocusEvent* event)
     QTextCursor cursor = textCursor();
     cursor.clearSelection();
     setTextCursor(cursor);
-    qDebug() << "文本失去焦点";
+    qCDebug(lcCanvas) << "文本失去焦点";
     m_caretTimer->stop();
     m_caretVisible = false;
     update();
@@ -98,7 +98,7 @@ void textItemchange::mouseDoubleClickEvent(QGraphicsSceneMouseEvent* event)
     m_editing = true;
     s_editing = true;
     restoreCursor();
-    qDebug() << "mouseDoubleClickEvent";
+    qCDebug(lcCanvas) << "mouseDoubleClickEvent";
     QGraphicsTextItem::mouseDoubleClickEvent(event);
 }
 

@@ -4,6 +4,7 @@
 
 #include "host/named-pipe-callback.h"
 #include "host/pipe-path.h"
+#include "logging/log-categories.h"
 
 #include <poll.h>
 #include <sys/socket.h>
@@ -146,6 +147,6 @@ std::uint32_t NamedPipeClient::Poll(int waitMs)
     }
     if (callback_ != nullptr)
         callback_->OnPipeMessage(buffer, static_cast<std::int32_t>(count));
-    std::fprintf(stderr, "Client Read: %d\n", static_cast<int>(count));
+    qCDebug(lcHost, "Client Read: %d", static_cast<int>(count));
     return 0;
 }

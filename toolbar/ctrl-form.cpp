@@ -5,6 +5,7 @@
 #include "app/board-settings.h"
 #include "app/scale-factor.h"
 #include "canvas/graphics-view.h"
+#include "logging/log-categories.h"
 #include "toolbar/control-menu.h"
 #include "toolbar/edge-hide-dialog.h"
 #include "toolbar/font-size-menu.h"
@@ -21,7 +22,6 @@
 
 #include <QAction>
 #include <QButtonGroup>
-#include <QDebug>
 #include <QGuiApplication>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -365,7 +365,7 @@ void CtrlForm::slot_penchange(QString name)
         ui->toolButton_pen->setStyleSheet(css);
         ui->toolButton_pen->setToolTip(tr(toolbar_styles::penTooltipKey(name)));
     }
-    qDebug() << name;
+    qCDebug(lcToolbar) << name;
     ui->toolButton_pen->setChecked(true);
     ui->toolButton_pen->setText(name);
     slot_figure(ui->toolButton_pen);
@@ -383,7 +383,7 @@ void CtrlForm::slot_controlchange(QString name)
 
 void CtrlForm::slot_screencutfin()
 {
-    qDebug() << " m_figure_group->button(6)->click();";
+    qCDebug(lcToolbar) << " m_figure_group->button(6)->click();";
     m_figure_group->button(6)->click();
 }
 

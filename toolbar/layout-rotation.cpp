@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "toolbar/layout-rotation.h"
 
+#include "logging/log-categories.h"
+
 #include <QBoxLayout>
-#include <QDebug>
 #include <QGridLayout>
 #include <QLayout>
 #include <QSpacerItem>
@@ -64,7 +65,7 @@ QLayout* rotatedBox(QBoxLayout* old)
 {
     const bool vertical =
         old->direction() == QBoxLayout::TopToBottom || old->direction() == QBoxLayout::BottomToTop;
-    qDebug() << (vertical ? "QVBoxLayout" : "QHBoxLayout ");
+    qCDebug(lcToolbar) << (vertical ? "QVBoxLayout" : "QHBoxLayout ");
     QBoxLayout* box = vertical ? static_cast<QBoxLayout*>(new QHBoxLayout)
                                : static_cast<QBoxLayout*>(new QVBoxLayout);
     copyCommon(old, box);
@@ -89,7 +90,7 @@ QLayout* rotatedBox(QBoxLayout* old)
 
 QLayout* rotatedGrid(QGridLayout* old)
 {
-    qDebug() << "QGridLayout";
+    qCDebug(lcToolbar) << "QGridLayout";
     auto* grid = new QGridLayout;
     copyCommon(old, grid);
     grid->setHorizontalSpacing(old->verticalSpacing());
@@ -101,12 +102,12 @@ QLayout* rotatedGrid(QGridLayout* old)
         const Qt::Alignment align = item->alignment();
         QLayoutItem* turned = turnedItem(item);
         if (QLayout* l = turned->layout()) {
-            qDebug() << "layout   "
-                     << "row :" << column << "column :" << row;
+            qCDebug(lcToolbar) << "layout   "
+                               << "row :" << column << "column :" << row;
             grid->addLayout(l, column, row, columnSpan, rowSpan, align);
         } else if (QWidget* w = turned->widget()) {
-            qDebug() << "widget   "
-                     << "row :" << column << "column :" << row;
+            qCDebug(lcToolbar) << "widget   "
+                               << "row :" << column << "column :" << row;
             grid->addWidget(w, column, row, columnSpan, rowSpan, align);
             delete turned;
         } else {

@@ -3,9 +3,9 @@
 #include "tools/frame-handles.h"
 
 #include "app/scale-factor.h"
+#include "logging/log-categories.h"
 
 #include <QApplication>
-#include <QDebug>
 #include <QDesktopWidget>
 #include <QFont>
 #include <QGraphicsDropShadowEffect>
@@ -100,8 +100,8 @@ void paintPicture(QPainter& painter, const QImage& picture, const QRect& widgetR
                   const char* tag)
 {
     painter.drawImage(QRect(QPoint(0, 0), picture.size()), picture);
-    qDebug().nospace() << tag << "[this->Rect()]:" << widgetRect
-                       << ",[bgImg.Rect()]:" << picture.size();
+    qCDebug(lcTools).nospace() << tag << "[this->Rect()]:" << widgetRect
+                               << ",[bgImg.Rect()]:" << picture.size();
     // Qt 5.15 ignores the high-quality antialiasing hint; Antialiasing is that hint now.
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/screen-shot-widget.h"
 
+#include "logging/log-categories.h"
 #include "tools/activation-grab.h"
 #include "tools/frame-handles.h"
 #include "tools/notice-label.h"
@@ -11,7 +12,6 @@
 #include "ui_screen-shot-widget.h"
 
 #include <QClipboard>
-#include <QDebug>
 #include <QFile>
 #include <QGuiApplication>
 #include <QMouseEvent>
@@ -67,7 +67,7 @@ void screenShotWidget::placeButtons()
 
 void screenShotWidget::on_pushButton_screenshot_clicked()
 {
-    qDebug() << "------------------------------screen";
+    qCDebug(lcTools) << "------------------------------screen";
     // Only a picture of the screen is ever saved; without one the tick leaves the message up.
     if (!pictureFailure.isEmpty() || bgImg.isNull())
         return;
@@ -75,7 +75,7 @@ void screenShotWidget::on_pushButton_screenshot_clicked()
     cutImg = bgImg.copy(selection);
     const QString stamp = screenshot_file::timeStamp(std::time(nullptr));
     const QString path = screenshot_file::filePath(target.folder, stamp, target.format);
-    qDebug().noquote() << path;
+    qCDebug(lcTools).noquote() << path;
     // A folder that cannot take the file loses only the file; the picture still reaches
     // the clipboard and the board, and the user is told.
     const QString failure = screenshot_file::save(cutImg, path, target.format);
@@ -128,7 +128,7 @@ void screenShotWidget::paintEvent(QPaintEvent*)
 
 void screenShotWidget::mousePressEvent(QMouseEvent* event)
 {
-    qDebug() << "鼠标事件";
+    qCDebug(lcTools) << "鼠标事件";
     drag.press(selection, event);
     QWidget::mousePressEvent(event);
 }

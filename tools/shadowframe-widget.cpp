@@ -4,11 +4,11 @@
 
 #include "app/scale-factor.h"
 #include "app/style-sheet-loader.h"
+#include "logging/log-categories.h"
 #include "tools/ini-store-status.h"
 #include "ui_shadowframe-widget.h"
 
 #include <QCoreApplication>
-#include <QDebug>
 #include <QDesktopServices>
 #include <QDirIterator>
 #include <QEvent>
@@ -109,8 +109,8 @@ void shadowframeWidget::setFormatText(const QString& text)
             return;
         }
     }
-    qDebug() << "unknown picture format" << text << "- keeping"
-             << ui->comboBox_format->currentText();
+    qCDebug(lcTools) << "unknown picture format" << text << "- keeping"
+                     << ui->comboBox_format->currentText();
 }
 
 void shadowframeWidget::setDirectory(const QString& folder)
@@ -151,13 +151,13 @@ void shadowframeWidget::sl_timereditfinished()
 
 void shadowframeWidget::sl_screeneditfinished()
 {
-    qDebug() << " QString str =ui->lineEdit_screen->text();";
+    qCDebug(lcTools) << " QString str =ui->lineEdit_screen->text();";
     emit sg_screenkeytext(ui->lineEdit_screen->text());
 }
 
 void shadowframeWidget::sl_error(QString errorstring)
 {
-    qDebug() << errorstring;
+    qCDebug(lcTools) << errorstring;
     ui->label_error->setText(errorstring);
     m_errorTimer->start();
 }
@@ -180,18 +180,18 @@ void shadowframeWidget::on_toolButton_open_clicked()
 {
     const QString folder = QString::fromUtf8(panelSettings()->value("cutdirectory").toByteArray());
     if (folder.isEmpty() || !QFileInfo(folder).isDir()) {
-        qDebug() << "screenshot folder not found:" << folder;
+        qCDebug(lcTools) << "screenshot folder not found:" << folder;
         return;
     }
-    qDebug() << "first file in the screenshot folder:" << firstPlainFile(folder);
+    qCDebug(lcTools) << "first file in the screenshot folder:" << firstPlainFile(folder);
     if (!QDesktopServices::openUrl(QUrl::fromLocalFile(folder)))
-        qDebug() << "could not open the screenshot folder" << folder;
+        qCDebug(lcTools) << "could not open the screenshot folder" << folder;
 }
 
 void shadowframeWidget::formatchanged(QString str)
 {
     str = str.simplified();
-    qDebug() << "str = str.simplified" << str;
+    qCDebug(lcTools) << "str = str.simplified" << str;
     panelSettings()->setValue("picformat", str);
 }
 

@@ -4,12 +4,12 @@
 
 #include "app/scale-factor.h"
 #include "app/style-sheet-loader.h"
+#include "logging/log-categories.h"
 #include "tools/time-widget.h"
 #include "tools/timer-logic.h"
 #include "tools/widget.h"
 #include "ui_widgettest.h"
 
-#include <QDebug>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -88,7 +88,7 @@ void Widgettest::setChromeVisible(bool visible)
 
 void Widgettest::quitbtnclick()
 {
-    qDebug() << "sg_timerexit()";
+    qCDebug(lcTools) << "sg_timerexit()";
     close();
     emit sg_timerexit();
 }
@@ -253,7 +253,7 @@ void Widgettest::paintEvent(QPaintEvent* event)
 
 void Widgettest::keyPressEvent(QKeyEvent* event)
 {
-    qDebug() << event->key();
+    qCDebug(lcTools) << event->key();
     if (event->key() != Qt::Key_Escape) {
         QDialog::keyPressEvent(event);
         return;

@@ -54,6 +54,12 @@ QProcessEnvironment E2eBoard::environment() const
     env.insert(QStringLiteral("PALLO_BRIDGE_CONFIG"),
                dir_->filePath(QStringLiteral("bridge.json")));
     env.insert(QStringLiteral("TMPDIR"), dir_->path());
+    // A login session has one; without it Qt warns at start.
+    env.insert(QStringLiteral("XDG_RUNTIME_DIR"), dir_->path());
+    if (debugLines_)
+        env.insert(QStringLiteral("QT_LOGGING_RULES"), QStringLiteral("pallo.*.debug=true"));
+    else
+        env.remove(QStringLiteral("QT_LOGGING_RULES"));
     return env;
 }
 

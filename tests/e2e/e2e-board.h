@@ -33,6 +33,8 @@ public:
     QString folder() const { return dir_->path(); }
     QString pipePath() const;
     QString program() const { return program_; }
+    // Boards run as a user starts them, quiet; this switches their debug lines on.
+    void showDebugLines() { debugLines_ = true; }
 
     // Listens on the pipe and starts the board on it with "--name PIPE" and the rest;
     // true once the board has connected.
@@ -71,4 +73,5 @@ private:
     QElapsedTimer clock_;
     qint64 lifetime_ = -1;
     QByteArray errors_;
+    bool debugLines_ = false;
 };

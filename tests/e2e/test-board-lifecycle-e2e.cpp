@@ -25,6 +25,8 @@ private slots:
     void textThatIsNotJsonIsIgnored();
     void typeThatIsNotTextIsLoggedAndTheBoardGoesOn();
     void closingEveryWindowDoesNotEndTheBoard();
+    void aNormalRunPrintsNothing();
+    void debugLinesShowWhenSwitchedOn();
 
 private:
     X11Probe probe;
@@ -219,6 +221,36 @@ void TestBoardLifecycleE2e::closingEveryWindowDoesNotEndTheBoard()
     // Still listening to its host: the toolbar and canvas come back.
     QVERIFY(board.send(R"({"type":"show_or_hide"})"));
     QTRY_VERIFY_WITH_TIMEOUT(hasCanvasAndToolbar(probe, board), 5000);
+}
+
+void TestBoardLifecycleE2e::aNormalRunPrintsNothing()
+{
+    E2eBoard board;
+    QVERIFY(board.startWithHost());
+    QTRY_VERIFY_WITH_TIMEOUT(hasCanvasAndToolbar(probe, board), 10000);
+
+    for (const char* type : {"show_or_hide", "show_or_hide", "undo", "redo", "trash_can"})
+        QVERIFY(board.send(QByteArray("{\"type\":\"") + type + "\"}"));
+    QTRY_VERIFY_WITH_TIMEOUT(hasCanvasAndToolbar(probe, board), 5000);
+    QVERIFY(board.send(R"({"type":"hide"})"));
+    QTRY_VERIFY_WITH_TIMEOUT(probe.viewableWindowsOf(board.pid()).isEmpty(), 5000);
+
+    board.closePipe();
+    QVERIFY(board.waitForExit(1000));
+    QCOMPARE(board.exitCode(), 0);
+    QCOMPARE(board.errors(), QByteArray());
+}
+
+void TestBoardLifecycleE2e::debugLinesShowWhenSwitchedOn()
+{
+    E2eBoard board;
+    board.showDebugLines();
+    QVERIFY(board.startWithHost());
+    QTRY_VERIFY_WITH_TIMEOUT(hasCanvasAndToolbar(probe, board), 10000);
+
+    QVERIFY(board.send(R"({"type":"show_or_hide"})"));
+    QTRY_VERIFY_WITH_TIMEOUT(probe.viewableWindowsOf(board.pid()).isEmpty(), 5000);
+    QTRY_VERIFY_WITH_TIMEOUT(board.errors().contains("Client Read: 23\n"), 5000);
 }
 
 QTEST_MAIN(TestBoardLifecycleE2e)

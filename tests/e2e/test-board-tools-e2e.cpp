@@ -91,6 +91,8 @@ void TestBoardToolsE2e::initTestCase()
 void TestBoardToolsE2e::init()
 {
     board = std::make_unique<E2eBoard>();
+    // The tools log each picture they paint; the tests wait for those lines.
+    board->showDebugLines();
     // The host keeps the screenshot folder and format in the store it shares.
     shots = QDir(board->folder()).filePath("shots");
     QVERIFY(QDir().mkpath(shots));
