@@ -125,8 +125,8 @@ void BoardApp::BoardTrashCan()
 
 void BoardApp::HideBoard()
 {
-    if (ctrlForm && ctrlForm->isVisible())
-        ctrlForm->ShowOrHide();
+    if (ctrlForm && ctrlForm->isBoardShown())
+        ctrlForm->hideBoard();
 }
 
 void BoardApp::CircleEditMode()

@@ -12,6 +12,7 @@
 #include "canvas/ink-layer.h"
 #include "canvas/operate-item.h"
 #include "canvas/pass-through.h"
+#include "canvas/window-layering.h"
 #include "toolbar/ctrl-form.h"
 #include "toolbar/toolbar-geometry.h"
 
@@ -26,6 +27,7 @@
 #include <QStyleOptionGraphicsItem>
 #include <QTabletEvent>
 #include <QVBoxLayout>
+#include <QWindow>
 
 namespace pallo {
 
@@ -54,8 +56,7 @@ GraphicsView::GraphicsView(bool enable, QWidget* parent) : QGraphicsView(parent)
     s_view = this;
 
     setAttribute(Qt::WA_TranslucentBackground, true);
-    setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
-    setWindowState(Qt::WindowFullScreen);
+    setWindowFlags(window_layering::canvasFlags());
     setRenderHint(QPainter::Antialiasing, true);
     setAttribute(Qt::WA_MouseTracking, false);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -68,8 +69,6 @@ GraphicsView::GraphicsView(bool enable, QWidget* parent) : QGraphicsView(parent)
     m_chooseMode = false;
 
     m_settings = openBoardSettings(nullptr);
-
-    setAutoFillBackground(true);
 
     setScene(new GraphicsScene(this));
     m_manager = new DrawManagerEx(this);
@@ -139,12 +138,17 @@ void GraphicsView::attachCtrlForm(CtrlForm* form)
 
 void GraphicsView::slot_enable(bool enable)
 {
-    // An alpha of 0.005 cannot be seen, but it makes the window take the mouse.
+    // An alpha of 0.005 cannot be seen, but it makes the window take the mouse. The
+    // viewport, which covers the whole view, paints it with its Base colour; the view
+    // itself paints nothing, so the desktop shows through everywhere else.
     QColor background(Qt::black);
     background.setAlphaF(enable ? 0.005 : 0.0);
     QPalette pal = palette();
     pal.setColor(QPalette::All, QPalette::Window, background);
+    pal.setColor(QPalette::All, QPalette::Base, background);
     setPalette(pal);
+    setAutoFillBackground(false);
+    viewport()->setAutoFillBackground(true);
     repaint();
 }
 
@@ -155,7 +159,7 @@ void GraphicsView::slot_choose()
     setAttribute(Qt::WA_AlwaysStackOnTop, true);
     setMousePassThrough(this, true);
     if (m_ctrlForm) {
-        m_ctrlForm->setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+        m_ctrlForm->setWindowFlags(window_layering::overCanvasFlags());
         m_ctrlForm->show();
     }
     m_chooseMode = true;
@@ -237,14 +241,32 @@ void GraphicsView::setItemsMovable(bool on)
     }
 }
 
+void GraphicsView::showEvent(QShowEvent* event)
+{
+    QGraphicsView::showEvent(event);
+    QWindow* window = windowHandle();
+    if (window && window != m_watchedWindow) {
+        window->installEventFilter(this);
+        m_watchedWindow = window;
+    }
+}
+
 bool GraphicsView::eventFilter(QObject* object, QEvent* event)
 {
+    // A window manager that frames the canvas copies the canvas's input shape to its frame
+    // only when told the shape changed while it manages the window; a shape set before the
+    // window was mapped stays unseen and the frame would take every click. The first
+    // picture comes after the manager has mapped the window, so the shape is set again.
+    if (object == m_watchedWindow && event->type() == QEvent::Expose && m_chooseMode &&
+        m_watchedWindow->isExposed())
+        setMousePassThrough(this, true);
     if (object == this && event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
         if (key == Qt::Key_Escape) {
-            hide();
             if (m_ctrlForm)
-                m_ctrlForm->hide();
+                m_ctrlForm->hideBoard();
+            else
+                hide();
             return true;
         }
         if (key == Qt::Key_Delete) {

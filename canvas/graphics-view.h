@@ -17,6 +17,7 @@ class CtrlForm;
 class InkLayer;
 class DrawManagerEx;
 class QSettings;
+class QWindow;
 class QxtGlobalShortcut;
 class Widgettest;
 class shadowframeWidget;
@@ -93,6 +94,7 @@ protected:
     void drawItems(QPainter* painter, int numItems, QGraphicsItem* items[],
                    const QStyleOptionGraphicsItem options[]) override;
 #endif
+    void showEvent(QShowEvent* event) override;
 
 private:
     bool textItemUnderCursor(const QPoint& point);
@@ -114,6 +116,7 @@ private:
     std::unique_ptr<InkLayer> m_inkLayer;
     CtrlForm* m_ctrlForm = nullptr;
     QSettings* m_settings = nullptr;
+    QPointer<QWindow> m_watchedWindow;
     QPointer<Widgettest> m_timerWidget;
     QPointer<shadowframeWidget> m_shortcutWidget;
     // The board never registers its hotkeys, so these stay null; the settings panel's

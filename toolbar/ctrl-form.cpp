@@ -5,6 +5,7 @@
 #include "app/board-settings.h"
 #include "app/scale-factor.h"
 #include "canvas/graphics-view.h"
+#include "canvas/window-layering.h"
 #include "logging/log-categories.h"
 #include "toolbar/control-menu.h"
 #include "toolbar/edge-hide-dialog.h"
@@ -22,6 +23,8 @@
 
 #include <QAction>
 #include <QButtonGroup>
+#include <QCursor>
+#include <QDebug>
 #include <QGuiApplication>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -249,7 +252,7 @@ void CtrlForm::showCanvasFullScreen()
 {
     if (!m_view)
         return;
-    showOverScreen(m_view);
+    window_layering::showCanvasOverScreen(m_view);
     // In select mode the toolbar is a window of its own, out of the view's layout: put it,
     // at its natural size, where that layout would. Its buttons take their final size from
     // the stylesheet only once shown, so this waits for the event loop's next turn.
@@ -265,8 +268,45 @@ void CtrlForm::showCanvasFullScreen()
         move(toolbar_geometry::startPosition(size(), screen->geometry()));
     });
     // Nor does anything keep a stay-on-top window above one mapped after it.
+    raiseOverCanvas();
+}
+
+void CtrlForm::raiseOverCanvas()
+{
     if (isVisible())
         raise();
+    if (m_strip && m_strip->isVisible())
+        m_strip->raise();
+}
+
+bool CtrlForm::isBoardShown() const
+{
+    return isVisible() || (m_strip && m_strip->isVisible());
+}
+
+void CtrlForm::hideBoard()
+{
+    if (m_view)
+        m_view->hide();
+    m_hiddenDocked = m_strip && m_strip->isVisible();
+    if (m_hiddenDocked)
+        m_strip->hide();
+    hide();
+}
+
+void CtrlForm::showBoard()
+{
+    // The canvas first, so that the toolbar, or its strip, maps above it.
+    if (m_view) {
+        m_view->show();
+        m_view->activateWindow();
+    }
+    if (m_hiddenDocked && m_strip)
+        m_strip->show();
+    else
+        show();
+    m_hiddenDocked = false;
+    raiseOverCanvas();
 }
 
 void CtrlForm::on_toolButton_undo_clicked()
@@ -286,24 +326,15 @@ void CtrlForm::on_toolButton_clear_clicked()
 
 void CtrlForm::on_toolButton_close_clicked()
 {
-    if (m_view)
-        m_view->hide();
-    hide();
+    hideBoard();
 }
 
 void CtrlForm::ShowOrHide()
 {
-    if (isVisible()) {
-        if (m_view)
-            m_view->hide();
-        hide();
-        return;
-    }
-    if (m_view) {
-        m_view->show();
-        m_view->activateWindow();
-    }
-    show();
+    if (isBoardShown())
+        hideBoard();
+    else
+        showBoard();
 }
 
 void CtrlForm::slot_command(QString cmd)
@@ -311,15 +342,7 @@ void CtrlForm::slot_command(QString cmd)
     const QJsonDocument doc = QJsonDocument::fromJson(cmd.toUtf8());
     if (!doc.isObject() || doc.object().value("cmd").toString() != QLatin1String("show_hide"))
         return;
-    if (isVisible()) {
-        if (m_view)
-            m_view->hide();
-        hide();
-    } else {
-        if (m_view)
-            m_view->show();
-        show();
-    }
+    ShowOrHide();
 }
 
 void CtrlForm::slot_figure(QAbstractButton* btn)
@@ -469,6 +492,7 @@ void CtrlForm::placeMenu(QWidget* menu, QWidget* button, QSize size, bool beside
     const QPoint normal = toolbar_geometry::normalMenuPosition(anchor, b, fixed);
     const int bottom = screenAtOrPrimary(normal)->geometry().bottom();
     menu->move(toolbar_geometry::menuPosition(anchor, b, fixed, bottom));
+    m_menuArea = QRect(menu->pos(), fixed);
 }
 
 void CtrlForm::toolmenuShow()
@@ -680,6 +704,11 @@ void CtrlForm::timerEvent(QTimerEvent* event)
     }
     if (m_collapsed || m_mouseInside || anyMenuVisible() || !isVisible())
         return;
+    // The pointer on its way to or back from a menu, or resting where a menu just closed,
+    // is still using the toolbar.
+    if (m_menuArea.isValid() && m_menuArea.united(globalFrame()).contains(QCursor::pos()))
+        return;
+    m_menuArea = QRect();
     dock();
 }
 

@@ -4,6 +4,7 @@
 
 #include <QImage>
 #include <QPointer>
+#include <QRect>
 #include <QSize>
 #include <QString>
 #include <QWidget>
@@ -68,6 +69,14 @@ public:
     void enterChooseState();
     // Shows the canvas view over the whole screen.
     void showCanvasFullScreen();
+    // True while the toolbar or the strip it docked into is on screen.
+    bool isBoardShown() const;
+    // Hides the canvas with the toolbar, or with its strip when docked, and shows them
+    // back as they were.
+    void hideBoard();
+    void showBoard();
+    // Puts the toolbar, or its strip, back above the canvas.
+    void raiseOverCanvas();
     // Moves the toolbar back onto its screen; flush lets it touch the edges.
     void keepOnScreen(bool flush);
 
@@ -175,4 +184,7 @@ private:
     int m_hideTimerId = 0;
     bool m_mouseInside = false;
     int m_dockSide = 0;
+    bool m_hiddenDocked = false;
+    // Where the last menu opened, until the pointer has left it and the toolbar.
+    QRect m_menuArea;
 };

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "toolbar/edge-hide-dialog.h"
 
+#include "canvas/window-layering.h"
+
 #include <QPainter>
 #include <QTimerEvent>
 
@@ -10,7 +12,7 @@ constexpr int hoverDelayMs = 200;
 }
 
 EdgeHideDialog::EdgeHideDialog(QWidget* parent)
-    : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint)
+    : QDialog(parent, window_layering::overCanvasFlags())
 {
 }
 

@@ -53,6 +53,7 @@ private slots:
     void dirChangedIsStored();
     void constructionState();
     void enableSetsInvisibleBackground();
+    void paintsOnlyTheInvisibleFill();
     void toolbarSignalsReachManagerAndView();
     void toolbarSitsTopRight();
     void attachingSecondToolbarChangesNothing();
@@ -198,6 +199,23 @@ void TestGraphicsView::enableSetsInvisibleBackground()
     QCOMPARE(m_view->palette().color(QPalette::Inactive, QPalette::Window).alpha(), 1);
     m_view->slot_enable(false);
     QCOMPARE(m_view->palette().color(QPalette::Active, QPalette::Window).alpha(), 0);
+}
+
+void TestGraphicsView::paintsOnlyTheInvisibleFill()
+{
+    // The desktop must show through: neither the view nor its viewport paints anything but
+    // the fill of alpha 0.005 (1 of 255).
+    m_view->slot_enable(true);
+    m_form->hide();
+    QImage image(m_view->size(), QImage::Format_ARGB32);
+    image.fill(Qt::transparent);
+    m_view->QWidget::render(&image);
+    int strongest = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            strongest = qMax(strongest, qAlpha(image.pixel(x, y)));
+    }
+    QCOMPARE(strongest, 1);
 }
 
 void TestGraphicsView::toolbarSignalsReachManagerAndView()

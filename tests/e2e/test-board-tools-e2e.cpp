@@ -58,7 +58,12 @@ namespace {
 
 bool isOrange(QRgb p)
 {
-    return qAbs(qRed(p) - 0xF5) < 40 && qAbs(qGreen(p) - 0xA6) < 40 && qBlue(p) < 90;
+    // Brightened first: over the black that a canvas without a compositor shows, the thin
+    // frame's anti-aliased pixels are a darker orange.
+    if (qRed(p) < 100)
+        return false;
+    const double k = 0xF5 / double(qRed(p));
+    return qAbs(qGreen(p) * k - 0xA6) < 40 && qBlue(p) * k < 90;
 }
 
 // The lenses' and the selection's frame colour.

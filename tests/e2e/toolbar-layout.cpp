@@ -26,13 +26,14 @@ ToolbarLayout measureToolbarLayout()
     // The toolbar takes its natural size on the event loop's turn after showing.
     if (QTest::qWaitForWindowExposed(form.get()) &&
         QTest::qWaitFor([&form] { return form->size() == form->sizeHint(); })) {
-        auto* pen = form->findChild<QToolButton*>(QStringLiteral("toolButton_pen"));
         layout.size = form->size();
-        if (pen != nullptr)
-            layout.penCentre = pen->mapTo(form.get(), pen->rect().center());
-        auto* undo = form->findChild<QToolButton*>(QStringLiteral("toolButton_undo"));
-        if (undo != nullptr)
-            layout.undoCentre = undo->mapTo(form.get(), undo->rect().center());
+        const auto centreOf = [&form](const char* name) {
+            auto* button = form->findChild<QToolButton*>(QLatin1String(name));
+            return button ? button->mapTo(form.get(), button->rect().center()) : QPoint();
+        };
+        layout.penCentre = centreOf("toolButton_pen");
+        layout.undoCentre = centreOf("toolButton_undo");
+        layout.chooseCentre = centreOf("toolButton_choose");
     }
     form.reset();
     QCoreApplication::removeTranslator(&translator);

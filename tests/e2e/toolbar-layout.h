@@ -13,6 +13,7 @@ struct ToolbarLayout
     QSize size;
     QPoint penCentre;
     QPoint undoCentre;
+    QPoint chooseCentre;
 };
 
 ToolbarLayout measureToolbarLayout();

@@ -8,9 +8,13 @@
 
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
+#include <X11/Xutil.h>
+#include <X11/extensions/Xcomposite.h>
 #include <X11/extensions/shape.h>
 
+#include <cstdio>
 #include <cstdlib>
+#include <functional>
 
 namespace {
 
@@ -56,6 +60,46 @@ QString windowTitle(Display* display, ::Window window)
         property(display, window, "_NET_WM_NAME", XInternAtom(display, "UTF8_STRING", False), 8));
 }
 
+// The child of the root window that holds window: itself, or the frame it was put in.
+::Window topLevelOf(Display* display, ::Window window)
+{
+    const ::Window rootWindow = DefaultRootWindow(display);
+    for (;;) {
+        ::Window root = 0;
+        ::Window parent = 0;
+        ::Window* children = nullptr;
+        unsigned int count = 0;
+        if (!XQueryTree(display, window, &root, &parent, &children, &count))
+            return window;
+        if (children != nullptr)
+            XFree(children);
+        if (parent == rootWindow || parent == 0)
+            return window;
+        window = parent;
+    }
+}
+
+QImage imageOfWindow(Display* display, ::Window window)
+{
+    XWindowAttributes attributes;
+    if (!XGetWindowAttributes(display, window, &attributes))
+        return QImage();
+    XImage* image = XGetImage(display, window, 0, 0, static_cast<unsigned>(attributes.width),
+                              static_cast<unsigned>(attributes.height), AllPlanes, ZPixmap);
+    if (image == nullptr)
+        return QImage();
+    QImage picture(attributes.width, attributes.height, QImage::Format_RGB32);
+    for (int y = 0; y < attributes.height; ++y) {
+        auto* line = reinterpret_cast<QRgb*>(picture.scanLine(y));
+        for (int x = 0; x < attributes.width; ++x) {
+            const unsigned long pixel = XGetPixel(image, x, y);
+            line[x] = qRgb(int((pixel >> 16) & 0xff), int((pixel >> 8) & 0xff), int(pixel & 0xff));
+        }
+    }
+    XDestroyImage(image);
+    return picture;
+}
+
 } // namespace
 
 X11Probe::X11Probe() : display_(XOpenDisplay(nullptr)) {}
@@ -70,27 +114,42 @@ QList<X11Probe::Window> X11Probe::windowsOf(qint64 pid) const
 {
     QList<Window> found;
     Display* display = dpy(display_);
-    ::Window root = 0;
-    ::Window parent = 0;
-    ::Window* children = nullptr;
-    unsigned int count = 0;
-    if (!XQueryTree(display, DefaultRootWindow(display), &root, &parent, &children, &count))
-        return found;
-    for (unsigned int i = 0; i < count; ++i) {
-        if (windowPid(display, children[i]) != pid)
-            continue;
+    const ::Window rootWindow = DefaultRootWindow(display);
+    QList<::Window> clients;
+    // A window manager puts each window it manages in a frame of its own: a client is a
+    // child of the root window or lies a few levels down in such a frame.
+    std::function<void(::Window, int)> collect = [&](::Window window, int depth) {
+        ::Window root = 0;
+        ::Window parent = 0;
+        ::Window* children = nullptr;
+        unsigned int count = 0;
+        if (!XQueryTree(display, window, &root, &parent, &children, &count))
+            return;
+        for (unsigned int i = 0; i < count; ++i) {
+            if (windowPid(display, children[i]) == pid)
+                clients.append(children[i]);
+            else if (depth < 3)
+                collect(children[i], depth + 1);
+        }
+        if (children != nullptr)
+            XFree(children);
+    };
+    collect(rootWindow, 0);
+    for (::Window client : clients) {
         XWindowAttributes attributes;
-        if (!XGetWindowAttributes(display, children[i], &attributes))
+        if (!XGetWindowAttributes(display, client, &attributes))
             continue;
+        int x = 0;
+        int y = 0;
+        ::Window child = 0;
+        XTranslateCoordinates(display, client, rootWindow, 0, 0, &x, &y, &child);
         Window window;
-        window.id = children[i];
-        window.geometry = QRect(attributes.x, attributes.y, attributes.width, attributes.height);
+        window.id = client;
+        window.geometry = QRect(x, y, attributes.width, attributes.height);
         window.viewable = attributes.map_state == IsViewable;
-        window.title = windowTitle(display, children[i]);
+        window.title = windowTitle(display, client);
         found.append(window);
     }
-    if (children != nullptr)
-        XFree(children);
     return found;
 }
 
@@ -146,13 +205,15 @@ bool X11Probe::stackedAbove(unsigned long upper, unsigned long lower) const
     unsigned int count = 0;
     if (!XQueryTree(display, DefaultRootWindow(display), &root, &parent, &children, &count))
         return false;
-    // Children come bottom first.
+    // Children come bottom first; a framed window stacks as its frame does.
+    const ::Window upperTop = topLevelOf(display, upper);
+    const ::Window lowerTop = topLevelOf(display, lower);
     int upperIndex = -1;
     int lowerIndex = -1;
     for (unsigned int i = 0; i < count; ++i) {
-        if (children[i] == upper)
+        if (children[i] == upperTop)
             upperIndex = static_cast<int>(i);
-        if (children[i] == lower)
+        if (children[i] == lowerTop)
             lowerIndex = static_cast<int>(i);
     }
     if (children != nullptr)
@@ -223,10 +284,33 @@ QImage X11Probe::grabScreen() const
     return screen->grabWindow(0).toImage().convertToFormat(QImage::Format_RGB32);
 }
 
+QImage X11Probe::grabComposited() const
+{
+    Display* display = dpy(display_);
+    const ::Window rootWindow = DefaultRootWindow(display);
+    char selection[32];
+    std::snprintf(selection, sizeof selection, "_NET_WM_CM_S%d", DefaultScreen(display));
+    const bool composited =
+        XGetSelectionOwner(display, XInternAtom(display, selection, False)) != None;
+    int eventBase = 0;
+    int errorBase = 0;
+    // A compositor that draws into the overlay window leaves the root window's own picture
+    // stale; one that draws on the root window (xcompmgr) never takes the overlay, and taking
+    // it would put a blank window over the screen.
+    if (!composited || !overlayInUse_ || !XCompositeQueryExtension(display, &eventBase, &errorBase))
+        return imageOfWindow(display, rootWindow);
+    const ::Window overlay = XCompositeGetOverlayWindow(display, rootWindow);
+    QImage picture = imageOfWindow(display, overlay);
+    XCompositeReleaseOverlayWindow(display, rootWindow);
+    return picture;
+}
+
 bool isReddish(QRgb pixel)
 {
-    return qRed(pixel) >= 180 && qRed(pixel) - qGreen(pixel) >= 100 &&
-           qRed(pixel) - qBlue(pixel) >= 100;
+    // Without a compositor the canvas's clear pixels show black, and the edges of a thin
+    // stroke over them a darker red.
+    return qRed(pixel) >= 120 && qRed(pixel) - qGreen(pixel) >= 80 &&
+           qRed(pixel) - qBlue(pixel) >= 80;
 }
 
 int countReddish(const QImage& image)

@@ -19,6 +19,7 @@
 #include <QBoxLayout>
 #include <QButtonGroup>
 #include <QCheckBox>
+#include <QCursor>
 #include <QFrame>
 #include <QPointer>
 #include <QPushButton>
@@ -129,6 +130,7 @@ private slots:
     void docksAfterLeaving();
     void docksTopBeforeLeft();
     void noDockingWhileMenuOpenOrFolded();
+    void noDockingWhilePointerWhereAMenuWas();
     void stripBringsToolbarBack();
     void redockReusesStrip();
     void deletingToolbarDeletesView();
@@ -964,6 +966,24 @@ void TestCtrlForm::noDockingWhileMenuOpenOrFolded()
     QTest::mouseClick(m_form->findChild<QToolButton*>("toolButton_folder"), Qt::LeftButton);
     m_form->move(500, 0);
     QTRY_VERIFY(!m_form->isVisible());
+}
+
+void TestCtrlForm::noDockingWhilePointerWhereAMenuWas()
+{
+    QVERIFY(makeFloating(QPoint(500, 0)));
+    press(m_form->findChild<QWidget*>("toolButton_size"), Qt::RightButton, QPoint(3, 3));
+    QTRY_VERIFY(m_form->sizeMenu()->isVisible());
+    const QRect menu = m_form->sizeMenu()->geometry();
+    m_form->sizeMenu()->hide();
+    // An entry was chosen: the pointer rests where the menu was, below the toolbar.
+    QCursor::setPos(menu.center());
+    sendCrossing(m_form, QEvent::Leave);
+    QTest::qWait(1200);
+    QVERIFY(m_form->isVisible());
+    // Once it moves away the toolbar docks.
+    QCursor::setPos(menu.bottomRight() + QPoint(200, 200));
+    QTRY_VERIFY(!m_form->isVisible());
+    QCOMPARE(m_form->dockSide(), 1);
 }
 
 void TestCtrlForm::stripBringsToolbarBack()

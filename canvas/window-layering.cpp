@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: 2026 pallo-board developers
+// SPDX-License-Identifier: MIT
+#include "canvas/window-layering.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <QWidget>
+
+// The canvas is an ordinary managed window (so the window manager gives it the keyboard
+// for text and Escape) that is sized to its screen but never put in the full-screen
+// state: XWayland compositors (sway, weston) draw an opaque black backdrop behind a
+// full-screen window and stop drawing what lies beneath, and X11 window managers
+// (openbox) lift a focused full-screen window above every stay-on-top window, the
+// toolbar's included.
+//
+// The toolbar and its strip bypass the window manager (override-redirect). Window
+// managers and XWayland compositors stack such windows above all managed ones, so a click
+// that focuses, and raises, the canvas cannot cover them, and no frame window of the
+// manager lies over them to swallow their clicks. They never need the keyboard. The
+// timer window and the settings panel are transient for the canvas, which keeps them
+// above it as well.
+namespace window_layering {
+
+Qt::WindowFlags canvasFlags()
+{
+    return Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
+}
+
+Qt::WindowFlags overCanvasFlags()
+{
+    Qt::WindowFlags flags = Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
+#ifndef Q_OS_WIN
+    flags |= Qt::X11BypassWindowManagerHint;
+#endif
+    return flags;
+}
+
+void showCanvasOverScreen(QWidget* canvas)
+{
+    QScreen* screen = canvas->screen();
+    if (!screen)
+        screen = QGuiApplication::primaryScreen();
+    if (screen)
+        canvas->setGeometry(screen->geometry());
+    canvas->show();
+}
+
+} // namespace window_layering

@@ -1,0 +1,318 @@
+// SPDX-FileCopyrightText: 2026 pallo-board developers
+// SPDX-License-Identifier: MIT
+#include "tests/e2e/e2e-board.h"
+#include "tests/e2e/toolbar-layout.h"
+#include "tests/e2e/x11-probe.h"
+#include "tests/e2e/xdotool.h"
+#include "tests/test-output.h"
+
+#include <QProcess>
+#include <QtTest>
+
+#include <X11/Xatom.h>
+#include <X11/Xlib.h>
+
+// The real board over a program on a desktop as a user has it: a compositor (xcompmgr)
+// but no window manager, openbox with xcompmgr, or xfwm4 with its own compositor
+// (PALLO_DESKTOP_WM is "compositor", "openbox" or "xfwm4"). Every check reads what the
+// screen shows, as composited.
+class TestDesktopE2e : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void cleanupTestCase();
+    void programShowsThroughTheCanvas();
+    void toolbarLiesAboveTheCanvas();
+    void penChosenOnTheToolbarDraws();
+    void undoOnTheToolbarUndoes();
+    void hideAndShowKeepInkAndPen();
+    void desktopOperationLetsClicksThrough();
+
+private:
+    bool startDesktop();
+    bool desktopReady() const;
+    QImage screen() const { return probe.grabComposited(); }
+    int programPixels(const QImage& picture, QRgb colour) const;
+    int inkInProgram() const;
+    QRect toolbarRect() const;
+    // The toolbar, brought back from its strip by resting the pointer there if docked.
+    bool reachToolbar(QRect* rect);
+    bool clickToolbar(const QPoint& inside);
+    void drawStroke(int row);
+    void saveScreen(const QString& name) const;
+
+    QString wm;
+    X11Probe probe;
+    ToolbarLayout toolbar;
+    QList<QProcess*> desktop;
+    QProcess program;
+    QRect programRect;
+    std::unique_ptr<E2eBoard> board;
+};
+
+namespace {
+
+const QRgb programColour = qRgb(0x00, 0xa0, 0x00);
+const QRgb clickedColour = qRgb(0x00, 0x00, 0xc0);
+const QRect programPlace(100, 200, 800, 600);
+// Enough red to be a stroke, not a stray pixel.
+const int strokePixels = 200;
+
+bool closeTo(QRgb a, QRgb b)
+{
+    return qAbs(qRed(a) - qRed(b)) <= 8 && qAbs(qGreen(a) - qGreen(b)) <= 8 &&
+           qAbs(qBlue(a) - qBlue(b)) <= 8;
+}
+
+} // namespace
+
+bool TestDesktopE2e::desktopReady() const
+{
+    Display* display = XOpenDisplay(nullptr);
+    if (display == nullptr)
+        return false;
+    bool ready = true;
+    if (wm != QLatin1String("compositor")) {
+        Atom type = None;
+        int format = 0;
+        unsigned long count = 0;
+        unsigned long after = 0;
+        unsigned char* data = nullptr;
+        XGetWindowProperty(display, DefaultRootWindow(display),
+                           XInternAtom(display, "_NET_SUPPORTING_WM_CHECK", False), 0, 1, False,
+                           XA_WINDOW, &type, &format, &count, &after, &data);
+        ready = count == 1;
+        if (data != nullptr)
+            XFree(data);
+    }
+    // The compositor announces itself by owning the manager selection.
+    ready =
+        ready && XGetSelectionOwner(display, XInternAtom(display, "_NET_WM_CM_S0", False)) != None;
+    XCloseDisplay(display);
+    return ready;
+}
+
+bool TestDesktopE2e::startDesktop()
+{
+    QList<QStringList> commands;
+    if (wm == QLatin1String("openbox"))
+        commands = {{QStringLiteral("openbox")}, {QStringLiteral("xcompmgr")}};
+    else if (wm == QLatin1String("xfwm4"))
+        commands = {{QStringLiteral("xfwm4"), QStringLiteral("--compositor=on")}};
+    else if (wm == QLatin1String("compositor"))
+        commands = {{QStringLiteral("xcompmgr")}};
+    else
+        return false;
+    for (const QStringList& command : commands) {
+        auto* process = new QProcess(this);
+        process->setProcessChannelMode(QProcess::ForwardedChannels);
+        process->setWorkingDirectory(QDir::homePath());
+        process->start(command.first(), command.mid(1));
+        if (!process->waitForStarted(5000))
+            return false;
+        desktop.append(process);
+    }
+    return QTest::qWaitFor([this] { return desktopReady(); }, 20000);
+}
+
+void TestDesktopE2e::initTestCase()
+{
+    wm = qEnvironmentVariable("PALLO_DESKTOP_WM", QStringLiteral("compositor"));
+    // Window managers read their settings from the home folder and stop without one.
+    QVERIFY(QDir().mkpath(QDir::homePath()));
+    QVERIFY(probe.isValid());
+    // Measured before any window manager frames the test's own windows.
+    toolbar = measureToolbarLayout();
+    QVERIFY(!toolbar.size.isEmpty());
+    QVERIFY2(startDesktop(), qPrintable(QStringLiteral("no desktop ") + wm));
+    probe.setOverlayInUse(wm == QLatin1String("xfwm4"));
+
+    program.start(QStringLiteral(PALLO_COLOUR_WINDOW_PATH),
+                  {QString::number(programPlace.x()), QString::number(programPlace.y()),
+                   QString::number(programPlace.width()), QString::number(programPlace.height()),
+                   QStringLiteral("00a000"), QStringLiteral("0000c0")});
+    QVERIFY(program.waitForStarted(5000));
+    QTRY_VERIFY_WITH_TIMEOUT(!probe.viewableWindowsOf(program.processId()).isEmpty(), 30000);
+    programRect = probe.viewableWindowsOf(program.processId()).first().geometry;
+    QTRY_VERIFY_WITH_TIMEOUT(programPixels(screen(), programColour) ==
+                                 programRect.width() * programRect.height(),
+                             10000);
+
+    board = std::make_unique<E2eBoard>();
+    QVERIFY(board->startWithHost());
+    QTRY_VERIFY_WITH_TIMEOUT(probe.canvasOf(board->pid()).id != 0 && toolbarRect().isValid(),
+                             10000);
+}
+
+void TestDesktopE2e::cleanupTestCase()
+{
+    if (board) {
+        board->closePipe();
+        QVERIFY(board->waitForExit(2000));
+    }
+    board.reset();
+    program.kill();
+    program.waitForFinished(2000);
+    for (QProcess* process : desktop) {
+        process->terminate();
+        if (!process->waitForFinished(3000))
+            process->kill();
+    }
+}
+
+int TestDesktopE2e::programPixels(const QImage& picture, QRgb colour) const
+{
+    int count = 0;
+    for (int y = programRect.top(); y <= programRect.bottom(); ++y) {
+        for (int x = programRect.left(); x <= programRect.right(); ++x) {
+            if (closeTo(picture.pixel(x, y), colour))
+                ++count;
+        }
+    }
+    return count;
+}
+
+int TestDesktopE2e::inkInProgram() const
+{
+    return countReddish(screen().copy(programRect));
+}
+
+QRect TestDesktopE2e::toolbarRect() const
+{
+    for (const X11Probe::Window& window : probe.viewableWindowsOf(board->pid())) {
+        if (window.geometry.size() == toolbar.size)
+            return window.geometry;
+    }
+    return QRect();
+}
+
+bool TestDesktopE2e::reachToolbar(QRect* rect)
+{
+    if (!toolbarRect().isValid()) {
+        // Docked: the strip lies along the top edge where the toolbar was.
+        QRect strip;
+        for (const X11Probe::Window& window : probe.viewableWindowsOf(board->pid())) {
+            if (window.geometry.top() == 0 && window.geometry.height() < 20 &&
+                window.geometry.width() > 20)
+                strip = window.geometry;
+        }
+        if (!strip.isValid())
+            return false;
+        xdotool::run({QStringLiteral("mousemove"), QString::number(strip.center().x()),
+                      QString::number(strip.top())});
+        if (!QTest::qWaitFor([this] { return toolbarRect().isValid(); }, 5000))
+            return false;
+    }
+    *rect = toolbarRect();
+    return true;
+}
+
+bool TestDesktopE2e::clickToolbar(const QPoint& inside)
+{
+    QRect bar;
+    if (!reachToolbar(&bar))
+        return false;
+    return xdotool::click(bar.topLeft() + inside);
+}
+
+void TestDesktopE2e::drawStroke(int row)
+{
+    const int y = programRect.top() + row;
+    const int x = programRect.left() + 100;
+    QVERIFY(xdotool::stroke({{x, y},
+                             {x + 100, y + 40},
+                             {x + 200, y + 60},
+                             {x + 300, y + 40},
+                             {x + 400, y + 80},
+                             {x + 500, y + 60}}));
+}
+
+void TestDesktopE2e::saveScreen(const QString& name) const
+{
+    keepPicture(screen(), QStringLiteral("desktop-%1-%2").arg(wm, name));
+}
+
+void TestDesktopE2e::programShowsThroughTheCanvas()
+{
+    const X11Probe::Window canvas = probe.canvasOf(board->pid());
+    QCOMPARE(canvas.geometry, QRect(0, 0, 1920, 1080));
+    const unsigned long programWindow = probe.viewableWindowsOf(program.processId()).first().id;
+    QVERIFY(probe.stackedAbove(canvas.id, programWindow));
+    // Every pixel of the program, none covered by the toolbar, shows as it is.
+    QVERIFY(!toolbarRect().intersects(programRect));
+    QTRY_COMPARE_WITH_TIMEOUT(programPixels(screen(), programColour),
+                              programRect.width() * programRect.height(), 5000);
+    saveScreen(QStringLiteral("start"));
+}
+
+void TestDesktopE2e::toolbarLiesAboveTheCanvas()
+{
+    const X11Probe::Window canvas = probe.canvasOf(board->pid());
+    QRect bar;
+    QVERIFY(reachToolbar(&bar));
+    for (const X11Probe::Window& window : probe.viewableWindowsOf(board->pid())) {
+        if (window.geometry == bar)
+            QVERIFY(probe.stackedAbove(window.id, canvas.id));
+    }
+}
+
+void TestDesktopE2e::penChosenOnTheToolbarDraws()
+{
+    QVERIFY(clickToolbar(toolbar.penCentre));
+    const unsigned long canvas = probe.canvasOf(board->pid()).id;
+    QTRY_VERIFY_WITH_TIMEOUT(!probe.inputShapeEmpty(canvas), 5000);
+    drawStroke(100);
+    QTRY_VERIFY_WITH_TIMEOUT(inkInProgram() > strokePixels, 5000);
+    // Outside the ink the program still shows.
+    QVERIFY(programPixels(screen(), programColour) >
+            programRect.width() * programRect.height() * 95 / 100);
+    saveScreen(QStringLiteral("drawn"));
+}
+
+void TestDesktopE2e::undoOnTheToolbarUndoes()
+{
+    QVERIFY(inkInProgram() > strokePixels);
+    QVERIFY(clickToolbar(toolbar.undoCentre));
+    QTRY_COMPARE_WITH_TIMEOUT(inkInProgram(), 0, 5000);
+}
+
+void TestDesktopE2e::hideAndShowKeepInkAndPen()
+{
+    drawStroke(200);
+    QTRY_VERIFY_WITH_TIMEOUT(inkInProgram() > strokePixels, 5000);
+    const int drawn = inkInProgram();
+
+    QVERIFY(board->send(R"({"type":"hide"})"));
+    QTRY_VERIFY_WITH_TIMEOUT(probe.viewableWindowsOf(board->pid()).isEmpty(), 5000);
+    QTRY_COMPARE_WITH_TIMEOUT(inkInProgram(), 0, 5000);
+
+    QVERIFY(board->send(R"({"type":"show_or_hide"})"));
+    QTRY_VERIFY_WITH_TIMEOUT(probe.canvasOf(board->pid()).id != 0, 5000);
+    QTRY_COMPARE_WITH_TIMEOUT(inkInProgram(), drawn, 5000);
+    QRect bar;
+    QVERIFY(reachToolbar(&bar));
+
+    drawStroke(400);
+    QTRY_VERIFY_WITH_TIMEOUT(inkInProgram() > drawn + strokePixels, 5000);
+    saveScreen(QStringLiteral("shown-again"));
+}
+
+void TestDesktopE2e::desktopOperationLetsClicksThrough()
+{
+    QVERIFY(clickToolbar(toolbar.chooseCentre));
+    const unsigned long canvas = probe.canvasOf(board->pid()).id;
+    QTRY_VERIFY_WITH_TIMEOUT(probe.inputShapeEmpty(canvas), 5000);
+    const QPoint free(programRect.right() - 50, programRect.bottom() - 50);
+    QVERIFY(closeTo(screen().pixel(free), programColour));
+
+    QVERIFY(xdotool::click(free));
+    QTRY_VERIFY_WITH_TIMEOUT(closeTo(screen().pixel(free), clickedColour), 5000);
+    // The ink stays on screen over the program.
+    QVERIFY(inkInProgram() > strokePixels);
+    saveScreen(QStringLiteral("clicked-through"));
+}
+
+QTEST_MAIN(TestDesktopE2e)
+#include "test-desktop-e2e.moc"
