@@ -3,6 +3,7 @@
 #include "app/instance-handshake.h"
 
 #include <QDataStream>
+#include <QIODevice>
 
 namespace {
 

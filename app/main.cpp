@@ -3,10 +3,13 @@
 #include "app/board-app.h"
 #include "app/font-fallback.h"
 #include "app/pallo-translator.h"
+#include "app/scale-factor.h"
 #include "bridge/bridge.h"
 
 #include <QGuiApplication>
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
 #include <QTextCodec>
+#endif
 
 #include <cstdlib>
 #include <memory>
@@ -28,6 +31,7 @@ int main(int argc, char* argv[])
     if (!options.parse(argc, argv))
         return 0;
 
+    leaveScalingToTheBoard();
     BoardApp app(argc, argv);
     int result = 0;
     if (app.isSecondary()) {
@@ -39,7 +43,10 @@ int main(int argc, char* argv[])
         const std::string language = options.value("language", bg::Value("")).toStdString();
         auto translator = std::make_unique<PalloTranslator>(QString::fromLatin1(language.c_str()));
         QCoreApplication::installTranslator(translator.get());
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+        // Qt 6 has no codec to choose: its local 8-bit text is UTF-8 on Linux already.
         QTextCodec::setCodecForLocale(QTextCodec::codecForName("utf8"));
+#endif
         result = QApplication::exec();
         translator.reset();
     }

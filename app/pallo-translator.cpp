@@ -7,7 +7,10 @@
 PalloTranslator::PalloTranslator(const QString& language, QObject* parent) : QTranslator(parent)
 {
     QSettings file(languageFile(language), QSettings::IniFormat);
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    // Qt 6 always reads INI files as UTF-8.
     file.setIniCodec("UTF-8");
+#endif
     const QStringList keys = file.allKeys();
     for (const QString& key : keys) {
         texts.insert(key, file.value(key).toString());

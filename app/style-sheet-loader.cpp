@@ -6,7 +6,7 @@
 
 #include <QApplication>
 #include <QFile>
-#include <QRegExp>
+#include <QRegularExpression>
 
 QString scaleStyleSheet(const QString& styleSheet, double factor)
 {
@@ -14,13 +14,13 @@ QString scaleStyleSheet(const QString& styleSheet, double factor)
         return styleSheet;
     }
     QString scaled = styleSheet;
-    QRegExp size(QStringLiteral("(\\d+)px;"), Qt::CaseSensitive, QRegExp::RegExp);
+    static const QRegularExpression size(QStringLiteral("(\\d+)px;"));
     int pos = 0;
-    while ((pos = size.indexIn(scaled, pos)) != -1) {
-        const int value = size.cap(1).toInt(nullptr, 10);
+    for (auto match = size.match(scaled); match.hasMatch(); match = size.match(scaled, pos)) {
+        const int value = match.captured(1).toInt(nullptr, 10);
         const QString replacement = QString::number(value * factor, 'g', 6) + QLatin1String("px;");
-        scaled.replace(pos, size.matchedLength(), replacement);
-        pos += replacement.length();
+        scaled.replace(match.capturedStart(), match.capturedLength(), replacement);
+        pos = match.capturedStart() + replacement.length();
     }
     return scaled;
 }

@@ -32,7 +32,11 @@ public:
     void setSink(std::FILE* sink);
 
     void log(int level, const char* tag, const char* format, ...)
-#if defined(__GNUC__)
+#if defined(__MINGW32__)
+        // MinGW's plain printf check knows only Microsoft's runtime, which the GNU
+        // formatting the C++ runtime selects replaces.
+        __attribute__((format(__MINGW_PRINTF_FORMAT, 4, 5)))
+#elif defined(__GNUC__)
         __attribute__((format(printf, 4, 5)))
 #endif
         ;

@@ -672,7 +672,7 @@ bool CtrlForm::handleButtonPress(QToolButton* button, QMouseEvent* event)
     return true;
 }
 
-void CtrlForm::enterEvent(QEvent* event)
+void CtrlForm::enterEvent(EnterEvent* event)
 {
     m_mouseInside = true;
     if (m_hideTimerId != 0) {

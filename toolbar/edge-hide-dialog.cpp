@@ -31,7 +31,7 @@ void EdgeHideDialog::timerEvent(QTimerEvent* event)
     emit sig_showCtrlBar();
 }
 
-void EdgeHideDialog::enterEvent(QEvent*)
+void EdgeHideDialog::enterEvent(EnterEvent*)
 {
     if (m_showTimerId == 0)
         m_showTimerId = startTimer(hoverDelayMs, Qt::CoarseTimer);

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "toolbar/enter-event.h"
+
 #include <QDialog>
 
 // The thin strip left at a screen edge while the toolbar hides there. Resting the
@@ -22,7 +24,7 @@ signals:
 
 protected:
     void timerEvent(QTimerEvent* event) override;
-    void enterEvent(QEvent* event) override;
+    void enterEvent(EnterEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 

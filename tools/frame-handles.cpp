@@ -6,10 +6,10 @@
 #include "logging/log-categories.h"
 
 #include <QApplication>
-#include <QDesktopWidget>
 #include <QFont>
 #include <QGraphicsDropShadowEffect>
 #include <QPainter>
+#include <QScreen>
 #include <QString>
 #include <QWidget>
 
@@ -148,7 +148,7 @@ void prepareTool(QWidget* tool, QWidget* firstButton, QWidget* secondButton)
 
 QSize desktopSize()
 {
-    return QApplication::desktop()->size();
+    return QGuiApplication::primaryScreen()->virtualGeometry().size();
 }
 
 } // namespace frame_handles

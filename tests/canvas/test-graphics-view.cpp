@@ -133,9 +133,18 @@ void TestGraphicsView::mouseMove(const QPoint& pos, Qt::MouseButtons buttons)
 void TestGraphicsView::penEvent(QEvent::Type type, const QPointF& pos, Qt::MouseButton button)
 {
     const Qt::MouseButtons buttons = type == QEvent::TabletRelease ? Qt::NoButton : button;
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    static const QPointingDevice stylus(
+        QStringLiteral("stylus"), 1, QInputDevice::DeviceType::Stylus,
+        QPointingDevice::PointerType::Pen,
+        QInputDevice::Capability::Position | QInputDevice::Capability::Pressure, 1, 3);
+    QTabletEvent event(type, &stylus, pos, m_view->mapToGlobal(pos), 0.5, 0, 0, 0, 0, 0,
+                       Qt::NoModifier, button, buttons);
+#else
     QTabletEvent event(type, pos, m_view->mapToGlobal(pos.toPoint()), QTabletEvent::Stylus,
                        QTabletEvent::Pen, 0.5, 0, 0, 0.0, 0.0, 0, Qt::NoModifier, 1, button,
                        buttons);
+#endif
     QCoreApplication::sendEvent(m_view.get(), &event);
     QVERIFY(event.isAccepted());
 }

@@ -12,7 +12,6 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <QDesktopWidget>
 #include <QDir>
 #include <QGraphicsDropShadowEffect>
 #include <QImageReader>
@@ -79,7 +78,7 @@ void TestScreenShotWidget::initTestCase()
     QVERIFY(root.isOpen());
     QVERIFY(folder.isValid());
     QVERIFY(bg::InitBridge(0, nullptr));
-    desktop = QApplication::desktop()->size();
+    desktop = frame_handles::desktopSize();
     picture = RootPattern::gradient(desktop, cell);
     root.show(picture);
 }

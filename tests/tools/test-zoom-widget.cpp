@@ -10,7 +10,6 @@
 #include "x-input-focus.h"
 
 #include <QApplication>
-#include <QDesktopWidget>
 #include <QGraphicsDropShadowEffect>
 #include <QPushButton>
 #include <QScreen>
@@ -67,7 +66,7 @@ void TestZoomWidget::initTestCase()
     QVERIFY(root.isOpen());
     translator = new PalloTranslator("english", this);
     QCoreApplication::installTranslator(translator);
-    desktop = QApplication::desktop()->size();
+    desktop = frame_handles::desktopSize();
 }
 
 void TestZoomWidget::init()
