@@ -48,6 +48,9 @@ screenShotWidget::screenShotWidget(QWidget* parent) : QDialog(parent), ui(new Ui
     closeRect = QRect(0, 0, b, b);
     placeButtons();
     prepareTool(this, ui->pushButton_screenshot, ui->pushButton_screenshot_close);
+    // A tool closed while it was active never saw its deactivation; the new one must still
+    // take its picture on its first activation.
+    screenPictureTaken = false;
 }
 
 screenShotWidget::~screenShotWidget()

@@ -687,6 +687,9 @@ void TestCtrlForm::savedScreenshotGoesOnAndSelects()
     connect(m_form, &CtrlForm::sg_screenimage, &log, [&log] { log.log << "picture"; });
     m_form->slot_screen();
     QPointer<screenShotWidget> screenShot = m_form->screenShot();
+    // The tool pictures the screen when it first becomes active, and saves nothing before.
+    screenShot->activateWindow();
+    QTRY_COMPARE(QApplication::activeWindow(), screenShot.data());
     screenShot->findChild<QPushButton*>("pushButton_screenshot")->click();
     QCOMPARE(pictures.count(), 1);
     QCOMPARE(log.log, QStringList({"picture", "choose"}));
