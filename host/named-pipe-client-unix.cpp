@@ -147,6 +147,9 @@ std::uint32_t NamedPipeClient::Poll(int waitMs)
     }
     if (callback_ != nullptr)
         callback_->OnPipeMessage(buffer, static_cast<std::int32_t>(count));
-    qCDebug(lcHost, "Client Read: %d", static_cast<int>(count));
+    // The pipe client writes its line straight to standard error, as the host's own
+    // tools expect, but only when the host category's debug output is switched on.
+    if (lcHost().isDebugEnabled())
+        std::fprintf(stderr, "Client Read: %d\n", static_cast<int>(count));
     return 0;
 }
