@@ -1,11 +1,13 @@
 // SPDX-FileCopyrightText: 2026 pallo-board developers
 // SPDX-License-Identifier: MIT
 #include "app/pallo-translator.h"
+#include "logging/log-categories.h"
 
 #include <QSettings>
 
 PalloTranslator::PalloTranslator(const QString& language, QObject* parent) : QTranslator(parent)
 {
+    qCDebug(lcApp) << "Language" << language << "texts from" << languageFile(language);
     QSettings file(languageFile(language), QSettings::IniFormat);
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
     // Qt 6 always reads INI files as UTF-8.

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "bridge/options.h"
 
+#include "bridge/toolkit-arguments.h"
+
 #include <cxxopts.hpp>
 
 #include <cctype>
@@ -64,9 +66,21 @@ bool Options::parse(int argc, const char* const* argv)
     parser.allow_unrecognised_options();
     declareTo(parser);
 
+    // Qt's single-dash options would otherwise read as bundles of short options:
+    // "-platform xcb" as "-p -l atform ...", which sets the language to "atform".
+    std::vector<std::string> ownLongNames;
+    for (const Declared& d : declared_)
+        ownLongNames.push_back(d.longName);
+    const std::vector<std::string> arguments =
+        withoutToolkitOptions(std::vector<std::string>(argv, argv + argc), ownLongNames);
+    std::vector<const char*> ownArgv;
+    for (const std::string& a : arguments)
+        ownArgv.push_back(a.c_str());
+
     values_.clear();
     try {
-        const cxxopts::ParseResult result = parser.parse(argc, argv);
+        const cxxopts::ParseResult result =
+            parser.parse(static_cast<int>(ownArgv.size()), ownArgv.data());
         for (const Declared& d : declared_) {
             if (result.count(d.longName) > 0)
                 values_[d.longName] = result[d.longName].as<std::string>();

@@ -27,6 +27,8 @@ private slots:
     void closingEveryWindowDoesNotEndTheBoard();
     void aNormalRunPrintsNothing();
     void debugLinesShowWhenSwitchedOn();
+    void toolkitOptionsReachQtAndKeepTheLanguage_data();
+    void toolkitOptionsReachQtAndKeepTheLanguage();
 
 private:
     X11Probe probe;
@@ -251,6 +253,36 @@ void TestBoardLifecycleE2e::debugLinesShowWhenSwitchedOn()
     QVERIFY(board.send(R"({"type":"show_or_hide"})"));
     QTRY_VERIFY_WITH_TIMEOUT(probe.viewableWindowsOf(board.pid()).isEmpty(), 5000);
     QTRY_VERIFY_WITH_TIMEOUT(board.errors().contains("Client Read: 23\n"), 5000);
+}
+
+void TestBoardLifecycleE2e::toolkitOptionsReachQtAndKeepTheLanguage_data()
+{
+    QTest::addColumn<QStringList>("toolkitOptions");
+    QTest::newRow("-platform") << QStringList{"-platform", "offscreen"};
+    QTest::newRow("--platform") << QStringList{"--platform", "offscreen"};
+    QTest::newRow("-style -reverse -platform")
+        << QStringList{"-style", "fusion", "-reverse", "-platform", "offscreen"};
+}
+
+void TestBoardLifecycleE2e::toolkitOptionsReachQtAndKeepTheLanguage()
+{
+    QFETCH(QStringList, toolkitOptions);
+    E2eBoard board;
+    board.showDebugLines();
+    // The environment asks for X11: only a "-platform" that reached Qt keeps the board
+    // off the X server.
+    probe.startCountingMaps();
+    QVERIFY(board.startWithHost(QStringList{"-l", "english"} + toolkitOptions));
+    QTRY_VERIFY_WITH_TIMEOUT(board.errors().contains("Language \"english\""), 10000);
+    QVERIFY2(board.errors().contains(":/language/en-US.ini"), board.errors().constData());
+
+    QVERIFY(board.send(R"({"type":"show"})"));
+    QTRY_VERIFY_WITH_TIMEOUT(board.errors().contains("Client Read: "), 5000);
+    QCOMPARE(probe.mapsCounted(), 0);
+    QVERIFY(board.running());
+    board.closePipe();
+    QVERIFY(board.waitForExit(1000));
+    QCOMPARE(board.exitCode(), 0);
 }
 
 QTEST_MAIN(TestBoardLifecycleE2e)
