@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/board-process.h"
 
+#include <fcntl.h>
 #include <signal.h>
 #include <spawn.h>
 #include <sys/wait.h>
@@ -20,6 +21,30 @@ BoardProcess::~BoardProcess()
 {
     if (pid_ > 0)
         wait(0);
+    closeOutputs();
+}
+
+void BoardProcess::closeOutputs()
+{
+    for (int& fd : outputs_) {
+        if (fd >= 0)
+            ::close(fd);
+        fd = -1;
+    }
+}
+
+void BoardProcess::setVariable(const std::string& name, const std::string& value)
+{
+    variables_.push_back(name + "=" + value);
+}
+
+int BoardProcess::takeOutput(int stream)
+{
+    if (stream != STDOUT_FILENO && stream != STDERR_FILENO)
+        return -1;
+    const int fd = outputs_[stream];
+    outputs_[stream] = -1;
+    return fd;
 }
 
 bool BoardProcess::start(const std::string& program, const std::vector<std::string>& arguments,
@@ -30,9 +55,48 @@ bool BoardProcess::start(const std::string& program, const std::vector<std::stri
     for (const std::string& argument : arguments)
         argv.push_back(const_cast<char*>(argument.c_str()));
     argv.push_back(nullptr);
+
+    std::vector<char*> envp;
+    for (std::string& variable : variables_)
+        envp.push_back(&variable[0]);
+    for (char** e = environ; *e != nullptr; ++e) {
+        const std::string entry(*e);
+        const std::string name = entry.substr(0, entry.find('=') + 1);
+        bool replaced = false;
+        for (const std::string& variable : variables_)
+            replaced = replaced || variable.compare(0, name.size(), name) == 0;
+        if (!replaced)
+            envp.push_back(*e);
+    }
+    envp.push_back(nullptr);
+
+    closeOutputs();
+    int writeEnds[3] = {-1, -1, -1};
+    for (int stream : {STDOUT_FILENO, STDERR_FILENO}) {
+        int ends[2];
+        if (::pipe2(ends, O_CLOEXEC) != 0) {
+            *error =
+                std::string("cannot make a pipe for the board's output: ") + std::strerror(errno);
+            closeOutputs();
+            if (writeEnds[STDOUT_FILENO] >= 0)
+                ::close(writeEnds[STDOUT_FILENO]);
+            return false;
+        }
+        outputs_[stream] = ends[0];
+        writeEnds[stream] = ends[1];
+    }
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    for (int stream : {STDOUT_FILENO, STDERR_FILENO})
+        posix_spawn_file_actions_adddup2(&actions, writeEnds[stream], stream);
     pid_t pid = -1;
-    const int result = posix_spawn(&pid, program.c_str(), nullptr, nullptr, argv.data(), environ);
+    const int result =
+        posix_spawn(&pid, program.c_str(), &actions, nullptr, argv.data(), envp.data());
+    posix_spawn_file_actions_destroy(&actions);
+    for (int stream : {STDOUT_FILENO, STDERR_FILENO})
+        ::close(writeEnds[stream]);
     if (result != 0) {
+        closeOutputs();
         *error = "cannot start " + program + ": " + std::strerror(result);
         return false;
     }
@@ -80,6 +144,14 @@ int BoardProcess::wait(int timeoutMs)
         std::this_thread::sleep_for(std::chrono::milliseconds(10));
     }
     return exitCode_;
+}
+
+std::string verboseLoggingRules(const char* existing)
+{
+    const std::string board = "pallo.*.debug=true";
+    if (existing == nullptr || *existing == '\0')
+        return board;
+    return std::string(existing) + ";" + board;
 }
 
 namespace {

@@ -3,8 +3,10 @@
 
 // pallo-host plays the host: it creates the pipe, starts pallo-board on it and sends
 // the board one message per command, read from the arguments or from standard input.
+#include "host/board-output.h"
 #include "host/board-process.h"
 #include "host/host-commands.h"
+#include "host/host-console.h"
 #include "host/host-pipe-server.h"
 #include "host/pipe-path.h"
 
@@ -14,6 +16,7 @@
 
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <iostream>
 #include <string>
 #include <thread>
@@ -30,6 +33,7 @@ struct Settings
     std::string language;
     std::string board;
     int connectTimeoutMs = 10000;
+    bool verbose = false;
     std::vector<std::string> commands;
 };
 
@@ -81,6 +85,7 @@ bool parseSettings(int argc, char** argv, Settings* settings, int* exitCode)
          cxxopts::value<std::string>()->default_value(""))
         ("connect-timeout", "milliseconds to wait for the board to connect",
          cxxopts::value<int>()->default_value("10000"))
+        ("verbose", "switch the board's debug lines on")
         ("h,help", "show this help and the commands");
     // clang-format on
     try {
@@ -94,6 +99,7 @@ bool parseSettings(int argc, char** argv, Settings* settings, int* exitCode)
         settings->language = result["language"].as<std::string>();
         settings->board = result["board"].as<std::string>();
         settings->connectTimeoutMs = result["connect-timeout"].as<int>();
+        settings->verbose = result.count("verbose") > 0;
         // Commands are taken from what is left, as they stand: a positional option
         // would split raw JSON at its commas.
         settings->commands = result.unmatched();
@@ -127,16 +133,30 @@ int main(int argc, char** argv)
         std::cerr << "pallo-host: " << error << "\n";
         return 1;
     }
+    const bool interactive = ::isatty(STDIN_FILENO) != 0;
+    HostConsole console(std::cout, std::cerr, interactive);
+    // Made before the board's process, so that they are finished only after the board
+    // has ended and closed its ends.
+    BoardOutput output;
+    BoardOutput errors;
     BoardProcess process;
+    if (settings.verbose)
+        process.setVariable("QT_LOGGING_RULES",
+                            verboseLoggingRules(std::getenv("QT_LOGGING_RULES")));
     if (!process.start(board, {"--name", settings.name, "--language", settings.language}, &error)) {
         std::cerr << "pallo-host: " << error << "\n";
         return 1;
     }
+    const auto toConsole = [&console](const std::string& line) { console.boardLine(line); };
+    output.start(process.takeOutput(STDOUT_FILENO), toConsole);
+    errors.start(process.takeOutput(STDERR_FILENO), toConsole);
     if (!server.accept(
             settings.connectTimeoutMs, [&process] { return process.running(); }, &error)) {
         std::cerr << "pallo-host: " << error << "\n";
         server.close();
         const int code = process.wait(0);
+        output.finish();
+        errors.finish();
         return code > 0 ? code : 1;
     }
 
@@ -146,12 +166,12 @@ int main(int argc, char** argv)
                 break;
         }
     } else {
-        const bool interactive = ::isatty(STDIN_FILENO) != 0;
         std::string line;
         for (;;) {
-            if (interactive)
-                std::cout << "pallo-host> " << std::flush;
-            if (!std::getline(std::cin, line))
+            console.prompt();
+            const bool gotLine = static_cast<bool>(std::getline(std::cin, line));
+            console.answered();
+            if (!gotLine)
                 break;
             if (!runInput(line, server))
                 break;
@@ -162,6 +182,8 @@ int main(int argc, char** argv)
 
     server.close();
     const int code = process.wait(kBoardExitWaitMs);
+    output.finish();
+    errors.finish();
     if (code != 0)
         std::cerr << "pallo-host: pallo-board ended with code " << code << "\n";
     return code;

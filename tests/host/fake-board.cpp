@@ -4,7 +4,8 @@
 // Stands in for pallo-board in the pallo-host tests: connects to the pipe it is given,
 // and writes its options and every message it reads, one per line, to the file named
 // by FAKE_BOARD_OUTPUT. It ends when the host closes the pipe, with the exit code in
-// FAKE_BOARD_EXIT.
+// FAKE_BOARD_EXIT. It writes FAKE_BOARD_SAY to standard output, without an end of line,
+// as a board's half-written output line.
 #include "bridge/options.h"
 #include "host/named-pipe-callback.h"
 #include "host/named-pipe-client.h"
@@ -46,6 +47,11 @@ int main(int argc, char** argv)
     std::fprintf(out, "name=%s\nlanguage=%s\n", options.value("name").toStdString().c_str(),
                  options.value("language").toStdString().c_str());
     std::fflush(out);
+
+    if (const char* say = std::getenv("FAKE_BOARD_SAY")) {
+        std::fputs(say, stdout);
+        std::fflush(stdout);
+    }
 
     Writer writer(out);
     NamedPipeClient client(&writer);

@@ -22,6 +22,8 @@ private slots:
     void boardExitCodeIsPassedOn();
     void boardThatNeverConnectsEndsTheHost();
     void missingBoardIsReported();
+    void verboseSwitchesTheBoardsDebugLinesOn_data();
+    void verboseSwitchesTheBoardsDebugLinesOn();
 
 private:
     // Runs pallo-host with the fake board; returns the lines the board wrote.
@@ -201,6 +203,39 @@ void TestPalloHost::missingBoardIsReported()
     QVERIFY(host.waitForFinished(10000));
     QVERIFY(host.exitCode() != 0);
     QVERIFY(host.readAllStandardError().contains("cannot start"));
+}
+
+void TestPalloHost::verboseSwitchesTheBoardsDebugLinesOn_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<bool>("debugLines");
+    QTest::newRow("quiet") << QStringList{} << false;
+    QTest::newRow("--verbose") << QStringList{"--verbose"} << true;
+}
+
+void TestPalloHost::verboseSwitchesTheBoardsDebugLinesOn()
+{
+    QFETCH(QStringList, options);
+    QFETCH(bool, debugLines);
+
+    QProcess host;
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    // As a user starts it: no logging rules of the test's own.
+    env.remove("QT_LOGGING_RULES");
+    env.insert("FAKE_BOARD_OUTPUT", dir_->filePath("board.txt"));
+    env.insert("FAKE_BOARD_SAY", "half a line");
+    host.setProcessEnvironment(env);
+    host.start(PALLO_HOST_PATH,
+               QStringList{"--board", FAKE_BOARD_PATH, "--name", dir_->filePath("pipe")} + options +
+                   QStringList{"undo", "wait 200", "redo"});
+    QVERIFY(host.waitForFinished(20000));
+    QCOMPARE(host.exitCode(), 0);
+    const QByteArray errors = host.readAllStandardError();
+    // The pipe client's line for each message read, as the board writes it, on a line of
+    // its own with the board's name in front.
+    QCOMPARE(errors.count("pallo-board: Client Read: 15\n"), debugLines ? 2 : 0);
+    QVERIFY2(errors.contains("pallo-board: half a line\n"), errors.constData());
+    QVERIFY(!host.readAllStandardOutput().contains("half a line"));
 }
 
 QTEST_GUILESS_MAIN(TestPalloHost)
