@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/board-app.h"
 
-#include "app/scale-factor.h"
-#include "app/style-sheet-loader.h"
+#include "common/scale-factor.h"
+#include "common/style-sheet-loader.h"
 #include "bridge/bridge.h"
 #include "host/local-holder.h"
 #include "toolbar/ctrl-form.h"

@@ -3,7 +3,7 @@
 #include "app/board-app.h"
 #include "app/font-fallback.h"
 #include "app/pallo-translator.h"
-#include "app/scale-factor.h"
+#include "common/scale-factor.h"
 #include "bridge/bridge.h"
 
 #include <QGuiApplication>

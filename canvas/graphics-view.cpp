@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "canvas/graphics-view.h"
 
-#include "app/board-settings.h"
+#include "common/board-settings.h"
 #include "canvas/common-item.h"
 #include "canvas/cursor-image.h"
 #include "canvas/d-data.h"
@@ -12,7 +12,7 @@
 #include "canvas/ink-layer.h"
 #include "canvas/operate-item.h"
 #include "canvas/pass-through.h"
-#include "canvas/window-layering.h"
+#include "common/window-layering.h"
 #include "toolbar/ctrl-form.h"
 #include "toolbar/toolbar-geometry.h"
 

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "toolbar/ctrl-form.h"
 
-#include "app/board-settings.h"
-#include "app/scale-factor.h"
 #include "canvas/graphics-view.h"
-#include "canvas/window-layering.h"
+#include "common/board-settings.h"
+#include "common/scale-factor.h"
+#include "common/window-layering.h"
 #include "logging/log-categories.h"
 #include "toolbar/control-menu.h"
 #include "toolbar/edge-hide-dialog.h"

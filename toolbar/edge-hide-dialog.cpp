@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "toolbar/edge-hide-dialog.h"
 
-#include "canvas/window-layering.h"
+#include "common/window-layering.h"
 
 #include <QPainter>
 #include <QTimerEvent>

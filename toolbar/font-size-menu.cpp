@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "toolbar/font-size-menu.h"
 
-#include "app/board-settings.h"
+#include "common/board-settings.h"
 #include "ui_font-size-menu.h"
 
 #include <QButtonGroup>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/frame-handles.h"
 
-#include "app/scale-factor.h"
+#include "common/scale-factor.h"
 #include "logging/log-categories.h"
 
 #include <QApplication>

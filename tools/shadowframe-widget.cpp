@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "tools/shadowframe-widget.h"
 
-#include "app/scale-factor.h"
-#include "app/style-sheet-loader.h"
+#include "common/scale-factor.h"
+#include "common/style-sheet-loader.h"
 #include "logging/log-categories.h"
-#include "tools/ini-store-status.h"
+#include "common/ini-store-status.h"
 #include "ui_shadowframe-widget.h"
 
 #include <QCoreApplication>

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "tools/time-widget.h"
 
-#include "app/scale-factor.h"
-#include "app/style-sheet-loader.h"
+#include "common/scale-factor.h"
+#include "common/style-sheet-loader.h"
 #include "tools/timer-logic.h"
 #include "ui_time-widget.h"
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 pallo-board developers
 // SPDX-License-Identifier: MIT
 #include "app/pallo-translator.h"
-#include "app/style-sheet-loader.h"
+#include "common/style-sheet-loader.h"
 #include "canvas/common-item.h"
 #include "canvas/d-data.h"
 #include "canvas/draw-manager-ex.h"

@@ -3,7 +3,7 @@
 #include "tests/e2e/toolbar-layout.h"
 
 #include "app/pallo-translator.h"
-#include "app/style-sheet-loader.h"
+#include "common/style-sheet-loader.h"
 #include "toolbar/ctrl-form.h"
 
 #include <QCoreApplication>

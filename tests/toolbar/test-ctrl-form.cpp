@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 pallo-board developers
 // SPDX-License-Identifier: MIT
-#include "app/board-settings.h"
-#include "app/scale-factor.h"
-#include "app/style-sheet-loader.h"
+#include "common/board-settings.h"
+#include "common/scale-factor.h"
+#include "common/style-sheet-loader.h"
 #include "canvas/graphics-view.h"
 #include "toolbar/control-menu.h"
 #include "toolbar/ctrl-form.h"

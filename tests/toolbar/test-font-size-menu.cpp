@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 pallo-board developers
 // SPDX-License-Identifier: MIT
-#include "app/board-settings.h"
+#include "common/board-settings.h"
 #include "app/pallo-translator.h"
 #include "toolbar/font-size-menu.h"
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 pallo-board developers
 // SPDX-License-Identifier: MIT
-#include "app/scale-factor.h"
+#include "common/scale-factor.h"
 #include "tool-test-support.h"
 #include "tools/frame-handles.h"
 

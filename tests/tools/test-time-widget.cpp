@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/font-fallback.h"
 #include "app/pallo-translator.h"
-#include "app/scale-factor.h"
+#include "common/scale-factor.h"
 #include "tools/time-widget.h"
 
 #include <QFontMetrics>

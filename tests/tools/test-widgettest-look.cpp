@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/font-fallback.h"
 #include "app/pallo-translator.h"
-#include "app/style-sheet-loader.h"
+#include "common/style-sheet-loader.h"
 #include "tests/test-output.h"
 #include "tools/time-widget.h"
 #include "tools/widget.h"

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 pallo-board developers
 // SPDX-License-Identifier: MIT
-#include "app/style-sheet-loader.h"
+#include "common/style-sheet-loader.h"
 
-#include "app/scale-factor.h"
+#include "common/scale-factor.h"
 
 #include <QApplication>
 #include <QFile>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 pallo-board developers
 // SPDX-License-Identifier: MIT
-#include "canvas/window-layering.h"
+#include "common/window-layering.h"
 
 #include <QGuiApplication>
 #include <QScreen>

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 pallo-board developers
 // SPDX-License-Identifier: MIT
-#include "app/board-settings.h"
+#include "common/board-settings.h"
 #include "tests/bridge/stderr-capture.h"
-#include "tools/ini-store-status.h"
+#include "common/ini-store-status.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 pallo-board developers
 // SPDX-License-Identifier: MIT
-#include "tools/ini-store-status.h"
+#include "common/ini-store-status.h"
 
 #include <QDir>
 #include <QFile>
