@@ -30,6 +30,10 @@ PopupMenuWdiget::PopupMenuWdiget(QWidget* parent)
     for (int i = 0; i < m_entries.size(); ++i) {
         const Entry& e = m_entries[i];
         auto* row = new QHBoxLayout(e.button);
+        // The menu's width is fixed, so the caption gets what the icon leaves: the
+        // style's default margins would cut off the longest caption.
+        row->setContentsMargins(4, 0, 2, 0);
+        row->setSpacing(4);
         QLabel* icon = addLabel(e.button, e.iconName);
         QLabel* caption = addLabel(e.button, e.textName);
         caption->setText(captions[i]);
