@@ -9,6 +9,7 @@
 #include "logging/log-categories.h"
 #include "toolbar/control-menu.h"
 #include "toolbar/edge-hide-dialog.h"
+#include "toolbar/edge-tab.h"
 #include "toolbar/font-size-menu.h"
 #include "toolbar/layout-rotation.h"
 #include "toolbar/pen-menu.h"
@@ -275,8 +276,10 @@ void CtrlForm::raiseOverCanvas()
 {
     if (isVisible())
         raise();
-    if (m_strip && m_strip->isVisible())
+    if (m_strip && m_strip->isVisible()) {
         m_strip->raise();
+        m_strip->tab()->raise();
+    }
 }
 
 bool CtrlForm::isBoardShown() const

@@ -6,8 +6,10 @@
 
 #include <QDialog>
 
+class EdgeTab;
+
 // The thin strip left at a screen edge while the toolbar hides there. Resting the
-// mouse on it for 200 ms asks for the toolbar back.
+// mouse on it, or on the tab that hangs from it, for 200 ms asks for the toolbar back.
 class EdgeHideDialog : public QDialog
 {
     Q_OBJECT
@@ -18,6 +20,7 @@ public:
     void setSide(int side);
     int side() const { return m_side; }
     bool isHovering() const { return m_showTimerId != 0; }
+    EdgeTab* tab() const { return m_tab; }
 
 signals:
     void sig_showCtrlBar();
@@ -27,8 +30,17 @@ protected:
     void enterEvent(EnterEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void startHover();
+    void stopHover();
+    void placeTab();
+
+    EdgeTab* m_tab;
     int m_side = 0;
     int m_showTimerId = 0;
 };

@@ -94,6 +94,27 @@ QRect stripRect(const QRect& g, int side, double s, int thickness)
     return r;
 }
 
+QRect tabRect(const QRect& strip, int side, double s)
+{
+    const int depth = scaled(tabDepth, s);
+    const bool alongX = side == DockTop || side == DockBottom;
+    const int length = qMin(scaled(tabLength, s), alongX ? strip.width() : strip.height());
+    const int x = strip.left() + (strip.width() - length) / 2;
+    const int y = strip.top() + (strip.height() - length) / 2;
+    switch (side) {
+    case DockTop:
+        return QRect(x, strip.bottom() + 1, length, depth);
+    case DockBottom:
+        return QRect(x, strip.top() - depth, length, depth);
+    case DockLeft:
+        return QRect(strip.right() + 1, y, depth, length);
+    case DockRight:
+        return QRect(strip.left() - depth, y, depth, length);
+    default:
+        return QRect();
+    }
+}
+
 QPoint bottomCentre(const QRect& b)
 {
     return QLineF(b.bottomLeft(), b.bottomRight()).center().toPoint();

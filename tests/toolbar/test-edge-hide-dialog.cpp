@@ -2,6 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "toolbar/edge-hide-dialog.h"
 
+#include "common/scale-factor.h"
+#include "toolbar/edge-tab.h"
+#include "toolbar/toolbar-geometry.h"
+
 #include <QElapsedTimer>
 #include <QtTest>
 
@@ -15,6 +19,11 @@ private slots:
     void timerRunsOnce();
     void paintsOutline_data();
     void paintsOutline();
+    void tabFollowsTheStrip_data();
+    void tabFollowsTheStrip();
+    void restingOnTheTabRestores();
+    void passingOverTheTabDoesNotRestore();
+    void clickOnTheTabRestoresAtOnce();
 
 private:
     static void enter(QWidget* w)
@@ -113,6 +122,82 @@ void TestEdgeHideDialog::paintsOutline()
             for (int x = 0; x < w; ++x)
                 QCOMPARE(image.pixelColor(x, y), QColor(Qt::white));
     }
+}
+
+void TestEdgeHideDialog::tabFollowsTheStrip_data()
+{
+    QTest::addColumn<int>("side");
+    QTest::addColumn<QRect>("strip");
+    QTest::newRow("top") << 1 << QRect(300, 0, 600, 2);
+    QTest::newRow("bottom") << 2 << QRect(300, 600, 600, 2);
+    QTest::newRow("left") << 3 << QRect(0, 100, 2, 400);
+    QTest::newRow("right") << 4 << QRect(798, 100, 2, 400);
+}
+
+void TestEdgeHideDialog::tabFollowsTheStrip()
+{
+    QFETCH(int, side);
+    QFETCH(QRect, strip);
+    EdgeHideDialog dialog;
+    dialog.setSide(side);
+    dialog.setGeometry(strip);
+    QVERIFY(!dialog.tab()->isVisible());
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    QVERIFY(dialog.tab()->isVisible());
+    QCOMPARE(dialog.tab()->side(), side);
+    QCOMPARE(dialog.tab()->geometry(),
+             toolbar_geometry::tabRect(dialog.geometry(), side, screenScaleFactor()));
+
+    // Docked again elsewhere: the same strip, and its tab, move along.
+    dialog.setGeometry(strip.translated(side <= 2 ? 100 : 0, side <= 2 ? 0 : 50));
+    QCOMPARE(dialog.tab()->geometry(),
+             toolbar_geometry::tabRect(dialog.geometry(), side, screenScaleFactor()));
+
+    dialog.hide();
+    QVERIFY(!dialog.tab()->isVisible());
+    dialog.show();
+    QVERIFY(dialog.tab()->isVisible());
+}
+
+void TestEdgeHideDialog::restingOnTheTabRestores()
+{
+    EdgeHideDialog strip;
+    QSignalSpy spy(&strip, &EdgeHideDialog::sig_showCtrlBar);
+    enter(strip.tab());
+    QVERIFY(strip.isHovering());
+    QVERIFY(spy.wait(1000));
+    QCOMPARE(spy.count(), 1);
+}
+
+void TestEdgeHideDialog::passingOverTheTabDoesNotRestore()
+{
+    EdgeHideDialog strip;
+    QSignalSpy spy(&strip, &EdgeHideDialog::sig_showCtrlBar);
+    // From the strip onto the tab and off again, each in less than 200 ms.
+    enter(&strip);
+    leave(&strip);
+    enter(strip.tab());
+    QTest::qWait(50);
+    leave(strip.tab());
+    QVERIFY(!strip.isHovering());
+    QTest::qWait(400);
+    QCOMPARE(spy.count(), 0);
+}
+
+void TestEdgeHideDialog::clickOnTheTabRestoresAtOnce()
+{
+    EdgeHideDialog strip;
+    strip.setSide(1);
+    strip.setGeometry(100, 0, 600, 2);
+    strip.show();
+    QSignalSpy spy(&strip, &EdgeHideDialog::sig_showCtrlBar);
+    enter(strip.tab());
+    QTest::mouseClick(strip.tab(), Qt::LeftButton, Qt::NoModifier, QPoint(5, 5));
+    QCOMPARE(spy.count(), 1);
+    QVERIFY(!strip.isHovering());
+    QTest::qWait(400);
+    QCOMPARE(spy.count(), 1);
 }
 
 QTEST_MAIN(TestEdgeHideDialog)

@@ -19,6 +19,8 @@ private slots:
     void dockSide();
     void stripRect_data();
     void stripRect();
+    void tabRect_data();
+    void tabRect();
     void menuPosition_data();
     void menuPosition();
 };
@@ -160,6 +162,34 @@ void TestToolbarGeometry::stripRect()
     QFETCH(int, side);
     QFETCH(QRect, strip);
     QCOMPARE(toolbar_geometry::stripRect(QRect(100, 200, 600, 80), side, s), strip);
+}
+
+void TestToolbarGeometry::tabRect_data()
+{
+    QTest::addColumn<double>("s");
+    QTest::addColumn<QRect>("strip");
+    QTest::addColumn<int>("side");
+    QTest::addColumn<QRect>("tab");
+
+    // From the middle of the strip, on its side away from the screen edge.
+    QTest::newRow("top 1.0") << 1.0 << QRect(100, 0, 600, 2) << 1 << QRect(372, 2, 56, 12);
+    QTest::newRow("bottom 1.0") << 1.0 << QRect(100, 1078, 600, 2) << 2 << QRect(372, 1066, 56, 12);
+    QTest::newRow("left 1.0") << 1.0 << QRect(0, 200, 2, 400) << 3 << QRect(2, 372, 12, 56);
+    QTest::newRow("right 1.0") << 1.0 << QRect(1918, 200, 2, 400) << 4 << QRect(1906, 372, 12, 56);
+    QTest::newRow("top 2.0") << 2.0 << QRect(100, 0, 600, 4) << 1 << QRect(344, 4, 112, 24);
+    QTest::newRow("left 1.5") << 1.5 << QRect(0, 200, 3, 400) << 3 << QRect(3, 358, 18, 84);
+    // Never longer than the strip it hangs from.
+    QTest::newRow("short strip") << 1.0 << QRect(100, 0, 40, 2) << 1 << QRect(100, 2, 40, 12);
+    QTest::newRow("none") << 1.0 << QRect(100, 0, 600, 2) << 0 << QRect();
+}
+
+void TestToolbarGeometry::tabRect()
+{
+    QFETCH(double, s);
+    QFETCH(QRect, strip);
+    QFETCH(int, side);
+    QFETCH(QRect, tab);
+    QCOMPARE(toolbar_geometry::tabRect(strip, side, s), tab);
 }
 
 void TestToolbarGeometry::menuPosition_data()
