@@ -5,12 +5,14 @@
 #include "app/pallo-translator.h"
 #include "common/scale-factor.h"
 #include "bridge/bridge.h"
+#include "pallo-version.h"
 
 #include <QGuiApplication>
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
 #include <QTextCodec>
 #endif
 
+#include <cstdio>
 #include <cstdlib>
 #include <memory>
 #include <string>
@@ -21,15 +23,25 @@ int main(int argc, char* argv[])
     std::atexit(bg::UninitBridge);
     bg::BridgeInterface* bridge = bg::GetBridge();
 
-    bridge->config().set("appVersion", bg::Value("1.0.2"));
+    bridge->config().set("appVersion", bg::Value(PALLO_VERSION));
     bridge->config().set("appUpdateTime", bg::Value("2023.04.26"));
 
     bg::Options& options = bridge->options();
     options.add("name", 'n', "namepipe name", true, bg::Value(""));
     options.add("language", 'l', "app language", false, bg::Value(""));
+    options.addFlag("help", "show this help and end");
+    options.addFlag("version", "show the version and end");
     // The options service has already told the user what was wrong.
     if (!options.parse(argc, argv))
         return 0;
+    if (options.given("help")) {
+        std::fputs(options.help().c_str(), stdout);
+        return 0;
+    }
+    if (options.given("version")) {
+        std::puts("pallo-board " PALLO_VERSION);
+        return 0;
+    }
 
     leaveScalingToTheBoard();
     BoardApp app(argc, argv);

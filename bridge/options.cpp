@@ -42,14 +42,25 @@ bool Options::add(const std::string& longName, char shortLetter, const std::stri
     return true;
 }
 
+bool Options::addFlag(const std::string& longName, const std::string& description)
+{
+    if (!add(longName, 0, description, false))
+        return false;
+    declared_.back().flag = true;
+    return true;
+}
+
 void Options::declareTo(cxxopts::Options& parser) const
 {
     auto adder = parser.add_options();
     for (const Declared& d : declared_) {
         const std::string names =
             d.shortLetter != 0 ? std::string(1, d.shortLetter) + "," + d.longName : d.longName;
-        adder(names, d.required ? d.description + " (required)" : d.description,
-              cxxopts::value<std::string>());
+        if (d.flag)
+            adder(names, d.description);
+        else
+            adder(names, d.required ? d.description + " (required)" : d.description,
+                  cxxopts::value<std::string>());
     }
 }
 
@@ -82,8 +93,10 @@ bool Options::parse(int argc, const char* const* argv)
         const cxxopts::ParseResult result =
             parser.parse(static_cast<int>(ownArgv.size()), ownArgv.data());
         for (const Declared& d : declared_) {
-            if (result.count(d.longName) > 0)
-                values_[d.longName] = result[d.longName].as<std::string>();
+            if (result.count(d.longName) == 0)
+                continue;
+            values_[d.longName] =
+                d.flag ? std::string("true") : result[d.longName].as<std::string>();
         }
     } catch (const std::exception& e) {
         std::fprintf(stderr, "%s: %s\n%s", program_.c_str(), e.what(), help().c_str());
@@ -91,8 +104,11 @@ bool Options::parse(int argc, const char* const* argv)
         values_.clear();
         return false;
     }
+    bool flagGiven = false;
+    for (const Declared& d : declared_)
+        flagGiven = flagGiven || (d.flag && values_.count(d.longName) > 0);
     for (const Declared& d : declared_) {
-        if (d.required && values_.count(d.longName) == 0) {
+        if (d.required && !flagGiven && values_.count(d.longName) == 0) {
             std::fprintf(stderr, "%s: option '--%s' is required\n%s", program_.c_str(),
                          d.longName.c_str(), help().c_str());
             std::fflush(stderr);

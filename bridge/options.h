@@ -15,8 +15,8 @@ class Options;
 namespace bg {
 
 // The process's command-line options. Options are declared first, then the command
-// line is parsed once; every option takes a text value ("--name pipe", "-n pipe",
-// "--name=pipe"). Arguments nobody declared are left alone, because the GUI toolkit
+// line is parsed once; every option but a flag takes a text value ("--name pipe",
+// "-n pipe", "--name=pipe"). Arguments nobody declared are left alone, because the GUI toolkit
 // reads its own options from the same command line.
 class Options
 {
@@ -27,6 +27,9 @@ public:
     // letter, or after parse().
     bool add(const std::string& longName, char shortLetter, const std::string& description,
              bool required, const Value& fallback = Value());
+    // Declares an option without text, such as "--help" or "--version", that asks the
+    // program to answer and end: when one is given, required options may be missing.
+    bool addFlag(const std::string& longName, const std::string& description);
     // Reports the problem and the usage on standard error and returns false when an
     // option lacks its text or a required option is missing.
     bool parse(int argc, const char* const* argv);
@@ -46,6 +49,7 @@ private:
         std::string description;
         bool required = false;
         Value fallback;
+        bool flag = false;
     };
 
     const Declared* find(const std::string& longName) const;

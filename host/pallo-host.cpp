@@ -9,6 +9,7 @@
 #include "host/host-console.h"
 #include "host/host-pipe-server.h"
 #include "host/pipe-path.h"
+#include "pallo-version.h"
 
 #include <cxxopts.hpp>
 
@@ -86,12 +87,18 @@ bool parseSettings(int argc, char** argv, Settings* settings, int* exitCode)
         ("connect-timeout", "milliseconds to wait for the board to connect",
          cxxopts::value<int>()->default_value("10000"))
         ("verbose", "switch the board's debug lines on")
-        ("h,help", "show this help and the commands");
+        ("h,help", "show this help and the commands")
+        ("version", "show the version and end");
     // clang-format on
     try {
         const cxxopts::ParseResult result = options.parse(argc, argv);
         if (result.count("help") > 0) {
             std::cout << options.help() << "\n" << hostHelpText();
+            *exitCode = 0;
+            return false;
+        }
+        if (result.count("version") > 0) {
+            std::cout << "pallo-host " PALLO_VERSION "\n";
             *exitCode = 0;
             return false;
         }

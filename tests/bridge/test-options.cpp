@@ -41,6 +41,9 @@ private slots:
     void fallbacks();
     void declarationsAreChecked();
     void helpListsTheOptions();
+    void flagsAnswerWithoutTheRequiredOptions_data();
+    void flagsAnswerWithoutTheRequiredOptions();
+    void flagsTakeNoText();
 };
 
 void TestOptions::commandLines_data()
@@ -135,6 +138,65 @@ void TestOptions::helpListsTheOptions()
     QVERIFY(help.contains("-n"));
     QVERIFY(help.contains("namepipe name (required)"));
     QVERIFY(help.contains("app language"));
+}
+
+void TestOptions::flagsAnswerWithoutTheRequiredOptions_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<bool>("help");
+    QTest::addColumn<bool>("version");
+    QTest::addColumn<QString>("name");
+
+    QTest::newRow("help alone") << QStringList{"--help"} << true << false << "";
+    QTest::newRow("version alone") << QStringList{"--version"} << false << true << "";
+    QTest::newRow("version after a language")
+        << QStringList{"-l", "english", "--version"} << false << true << "";
+    QTest::newRow("help with a name")
+        << QStringList{"--name", "p", "--help"} << true << false << "p";
+    QTest::newRow("both") << QStringList{"--version", "--help"} << true << true << "";
+}
+
+void TestOptions::flagsAnswerWithoutTheRequiredOptions()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(bool, help);
+    QFETCH(bool, version);
+    QFETCH(QString, name);
+
+    bg::Options options;
+    declareBoardOptions(options);
+    QVERIFY(options.addFlag("help", "show this help and end"));
+    QVERIFY(options.addFlag("version", "show the version and end"));
+    StderrCapture capture;
+    QVERIFY(parse(options, arguments));
+    QCOMPARE(capture.finish(), QByteArray());
+    QCOMPARE(options.given("help"), help);
+    QCOMPARE(options.given("version"), version);
+    QCOMPARE(QString::fromStdString(options.value("name", bg::Value("")).toStdString()), name);
+
+    const QString text = QString::fromStdString(options.help());
+    QVERIFY(text.contains("--version"));
+    QVERIFY(text.contains("show the version and end"));
+    QVERIFY(!text.contains("show this help and end (required)"));
+}
+
+void TestOptions::flagsTakeNoText()
+{
+    bg::Options options;
+    declareBoardOptions(options);
+    QVERIFY(options.addFlag("version", "show the version"));
+    QVERIFY(!options.addFlag("version", "again"));
+    QVERIFY(!options.addFlag("name", "a flag under an option's name"));
+    // The word after a flag is not taken as its text.
+    QVERIFY(parse(options, {"--version", "--name", "p"}));
+    QVERIFY(options.given("version"));
+    QCOMPARE(options.value("name").toStdString(), std::string("p"));
+    // Without a flag the required option is still required.
+    bg::Options plain;
+    declareBoardOptions(plain);
+    StderrCapture capture;
+    QVERIFY(!parse(plain, {"--language", "english"}));
+    QVERIFY(capture.finish().contains("option '--name' is required"));
 }
 
 QTEST_APPLESS_MAIN(TestOptions)

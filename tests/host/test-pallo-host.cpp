@@ -1,9 +1,12 @@
 // SPDX-FileCopyrightText: 2026 pallo-board developers
 // SPDX-License-Identifier: MIT
+#include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
+
+#include "pallo-version.h"
 
 class TestPalloHost : public QObject
 {
@@ -18,6 +21,7 @@ private slots:
     void unknownCommandIsReportedAndNotSent();
     void overlongMessageIsNotSent();
     void helpListsTheCommands();
+    void versionIsTheProjectVersion();
     void relativeNameUsesTheRuntimeFolder();
     void boardExitCodeIsPassedOn();
     void boardThatNeverConnectsEndsTheHost();
@@ -161,6 +165,19 @@ void TestPalloHost::helpListsTheCommands()
     const QStringList lines = run({"--name", pipe}, "help\n", nullptr, nullptr, &output);
     QVERIFY(output.contains("trash_can"));
     QCOMPARE(lines, (QStringList{"name=" + pipe, "language=english", "closed"}));
+}
+
+void TestPalloHost::versionIsTheProjectVersion()
+{
+    // Asks for nothing else: no board is started and no pipe is made.
+    QProcess host;
+    host.setWorkingDirectory(dir_->path());
+    host.start(PALLO_HOST_PATH, {"--version"});
+    QVERIFY(host.waitForFinished(5000));
+    QCOMPARE(host.exitCode(), 0);
+    QCOMPARE(host.readAllStandardOutput(), QByteArray("pallo-host " PALLO_VERSION "\n"));
+    QCOMPARE(host.readAllStandardError(), QByteArray());
+    QVERIFY(QDir(dir_->path()).isEmpty());
 }
 
 void TestPalloHost::relativeNameUsesTheRuntimeFolder()
