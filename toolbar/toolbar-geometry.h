@@ -49,8 +49,8 @@ QRect stripRect(const QRect& g, int side, double s, int thickness = 2);
 // The tab that hangs from the middle of a strip into the screen, so that the docked
 // toolbar can be seen and reached: tabLength*s along the edge (at most the strip's
 // length), tabDepth*s deep.
-constexpr int tabLength = 56;
-constexpr int tabDepth = 12;
+constexpr int tabLength = 72;
+constexpr int tabDepth = 16;
 QRect tabRect(const QRect& strip, int side, double s);
 
 QPoint bottomCentre(const QRect& globalButton);

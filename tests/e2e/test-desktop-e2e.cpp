@@ -6,6 +6,9 @@
 #include "tests/e2e/xdotool.h"
 #include "tests/test-output.h"
 
+#include "common/scale-factor.h"
+#include "toolbar/toolbar-geometry.h"
+
 #include <QProcess>
 #include <QtTest>
 
@@ -26,6 +29,7 @@ private slots:
     void programShowsThroughTheCanvas();
     void toolbarLiesAboveTheCanvas();
     void penChosenOnTheToolbarDraws();
+    void dockedToolbarShowsItsTab();
     void undoOnTheToolbarUndoes();
     void hideAndShowKeepInkAndPen();
     void desktopOperationLetsClicksThrough();
@@ -37,6 +41,8 @@ private:
     int programPixels(const QImage& picture, QRgb colour) const;
     int inkInProgram() const;
     QRect toolbarRect() const;
+    QRect stripRect() const;
+    bool tabShown(const QRect& strip) const;
     // The toolbar, brought back from its strip by resting the pointer there if docked.
     bool reachToolbar(QRect* rect);
     bool clickToolbar(const QPoint& inside);
@@ -134,7 +140,12 @@ void TestDesktopE2e::initTestCase()
                    QString::number(programPlace.width()), QString::number(programPlace.height()),
                    QStringLiteral("00a000"), QStringLiteral("0000c0")});
     QVERIFY(program.waitForStarted(5000));
-    QTRY_VERIFY_WITH_TIMEOUT(!probe.viewableWindowsOf(program.processId()).isEmpty(), 30000);
+    QVERIFY(QTest::qWaitFor(
+        [this] {
+            probe.nudgeWindowManager();
+            return !probe.viewableWindowsOf(program.processId()).isEmpty();
+        },
+        30000));
     programRect = probe.viewableWindowsOf(program.processId()).first().geometry;
     QTRY_VERIFY_WITH_TIMEOUT(programPixels(screen(), programColour) ==
                                  programRect.width() * programRect.height(),
@@ -188,16 +199,46 @@ QRect TestDesktopE2e::toolbarRect() const
     return QRect();
 }
 
+QRect TestDesktopE2e::stripRect() const
+{
+    // Docked, the strip lies along the top edge where the toolbar was.
+    for (const X11Probe::Window& window : probe.viewableWindowsOf(board->pid())) {
+        if (window.geometry.top() == 0 && window.geometry.height() < 20 &&
+            window.geometry.width() > 100)
+            return window.geometry;
+    }
+    return QRect();
+}
+
+// The tab hanging from the strip is on screen: a window of the board where it belongs,
+// and on the composited picture white with the strip's blue outline and arrow.
+bool TestDesktopE2e::tabShown(const QRect& strip) const
+{
+    const QRect tab =
+        toolbar_geometry::tabRect(strip, toolbar_geometry::DockTop, screenScaleFactor());
+    bool mapped = false;
+    for (const X11Probe::Window& window : probe.viewableWindowsOf(board->pid()))
+        mapped = mapped || window.geometry == tab;
+    if (!mapped)
+        return false;
+    const QImage picture = screen().copy(tab);
+    int white = 0;
+    int blue = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            const QRgb p = picture.pixel(x, y);
+            white += closeTo(p, qRgb(255, 255, 255)) ? 1 : 0;
+            blue += (qBlue(p) > 200 && qRed(p) < 80) ? 1 : 0;
+        }
+    }
+    const int area = tab.width() * tab.height();
+    return white > area / 3 && blue > area / 20;
+}
+
 bool TestDesktopE2e::reachToolbar(QRect* rect)
 {
     if (!toolbarRect().isValid()) {
-        // Docked: the strip lies along the top edge where the toolbar was.
-        QRect strip;
-        for (const X11Probe::Window& window : probe.viewableWindowsOf(board->pid())) {
-            if (window.geometry.top() == 0 && window.geometry.height() < 20 &&
-                window.geometry.width() > 20)
-                strip = window.geometry;
-        }
+        const QRect strip = stripRect();
         if (!strip.isValid())
             return false;
         xdotool::run({QStringLiteral("mousemove"), QString::number(strip.center().x()),
@@ -269,6 +310,29 @@ void TestDesktopE2e::penChosenOnTheToolbarDraws()
     QVERIFY(programPixels(screen(), programColour) >
             programRect.width() * programRect.height() * 95 / 100);
     saveScreen(QStringLiteral("drawn"));
+}
+
+void TestDesktopE2e::dockedToolbarShowsItsTab()
+{
+    // The pointer left the toolbar to draw: it docks, and its tab shows where it went.
+    QTRY_VERIFY_WITH_TIMEOUT(!toolbarRect().isValid() && stripRect().isValid(), 5000);
+    const QRect strip = stripRect();
+    QTRY_VERIFY_WITH_TIMEOUT(tabShown(strip), 5000);
+    saveScreen(QStringLiteral("docked"));
+
+    // Hidden and shown again, the strip and its tab come back together.
+    QVERIFY(board->send(R"({"type":"hide"})"));
+    QTRY_VERIFY_WITH_TIMEOUT(probe.viewableWindowsOf(board->pid()).isEmpty(), 5000);
+    QVERIFY(board->send(R"({"type":"show_or_hide"})"));
+    QTRY_VERIFY_WITH_TIMEOUT(stripRect() == strip && tabShown(strip), 5000);
+
+    // Resting on the tab, away from the screen edge, brings the toolbar back.
+    const QRect tab =
+        toolbar_geometry::tabRect(strip, toolbar_geometry::DockTop, screenScaleFactor());
+    QVERIFY(xdotool::run({QStringLiteral("mousemove"), QString::number(tab.center().x()),
+                          QString::number(tab.bottom() - 2)}));
+    QTRY_VERIFY_WITH_TIMEOUT(toolbarRect().isValid(), 5000);
+    QVERIFY(!stripRect().isValid());
 }
 
 void TestDesktopE2e::undoOnTheToolbarUndoes()

@@ -254,6 +254,16 @@ void X11Probe::requestClose(unsigned long window) const
     XFlush(display);
 }
 
+void X11Probe::nudgeWindowManager() const
+{
+    Display* display = dpy(display_);
+    const unsigned char value = 1;
+    XChangeProperty(display, DefaultRootWindow(display),
+                    XInternAtom(display, "PALLO_TEST_NUDGE", False), XA_CARDINAL, 8,
+                    PropModeReplace, &value, 1);
+    XFlush(display);
+}
+
 void X11Probe::startCountingMaps()
 {
     Display* display = dpy(display_);

@@ -61,6 +61,9 @@ public:
     // told the compositor draws there (setOverlayInUse), else the root window.
     QImage grabComposited() const;
     void setOverlayInUse(bool inUse) { overlayInUse_ = inUse; }
+    // Touches a property of the root window, which every window manager watches. Just
+    // after it starts, openbox can leave a map request unanswered until its next event.
+    void nudgeWindowManager() const;
 
 private:
     void* display_ = nullptr;

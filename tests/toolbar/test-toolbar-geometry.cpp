@@ -172,14 +172,14 @@ void TestToolbarGeometry::tabRect_data()
     QTest::addColumn<QRect>("tab");
 
     // From the middle of the strip, on its side away from the screen edge.
-    QTest::newRow("top 1.0") << 1.0 << QRect(100, 0, 600, 2) << 1 << QRect(372, 2, 56, 12);
-    QTest::newRow("bottom 1.0") << 1.0 << QRect(100, 1078, 600, 2) << 2 << QRect(372, 1066, 56, 12);
-    QTest::newRow("left 1.0") << 1.0 << QRect(0, 200, 2, 400) << 3 << QRect(2, 372, 12, 56);
-    QTest::newRow("right 1.0") << 1.0 << QRect(1918, 200, 2, 400) << 4 << QRect(1906, 372, 12, 56);
-    QTest::newRow("top 2.0") << 2.0 << QRect(100, 0, 600, 4) << 1 << QRect(344, 4, 112, 24);
-    QTest::newRow("left 1.5") << 1.5 << QRect(0, 200, 3, 400) << 3 << QRect(3, 358, 18, 84);
+    QTest::newRow("top 1.0") << 1.0 << QRect(100, 0, 600, 2) << 1 << QRect(364, 2, 72, 16);
+    QTest::newRow("bottom 1.0") << 1.0 << QRect(100, 1078, 600, 2) << 2 << QRect(364, 1062, 72, 16);
+    QTest::newRow("left 1.0") << 1.0 << QRect(0, 200, 2, 400) << 3 << QRect(2, 364, 16, 72);
+    QTest::newRow("right 1.0") << 1.0 << QRect(1918, 200, 2, 400) << 4 << QRect(1902, 364, 16, 72);
+    QTest::newRow("top 2.0") << 2.0 << QRect(100, 0, 600, 4) << 1 << QRect(328, 4, 144, 32);
+    QTest::newRow("left 1.5") << 1.5 << QRect(0, 200, 3, 400) << 3 << QRect(3, 346, 24, 108);
     // Never longer than the strip it hangs from.
-    QTest::newRow("short strip") << 1.0 << QRect(100, 0, 40, 2) << 1 << QRect(100, 2, 40, 12);
+    QTest::newRow("short strip") << 1.0 << QRect(100, 0, 40, 2) << 1 << QRect(100, 2, 40, 16);
     QTest::newRow("none") << 1.0 << QRect(100, 0, 600, 2) << 0 << QRect();
 }
 
