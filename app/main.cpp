@@ -3,8 +3,8 @@
 #include "app/board-app.h"
 #include "app/font-fallback.h"
 #include "app/pallo-translator.h"
-#include "common/scale-factor.h"
 #include "bridge/bridge.h"
+#include "common/scale-factor.h"
 #include "pallo-version.h"
 
 #include <QGuiApplication>
@@ -24,7 +24,7 @@ int main(int argc, char* argv[])
     bg::BridgeInterface* bridge = bg::GetBridge();
 
     bridge->config().set("appVersion", bg::Value(PALLO_VERSION));
-    bridge->config().set("appUpdateTime", bg::Value("2023.04.26"));
+    bridge->config().set("appUpdateTime", bg::Value(PALLO_UPDATE_TIME));
 
     bg::Options& options = bridge->options();
     options.add("name", 'n', "namepipe name", true, bg::Value(""));
