@@ -28,7 +28,7 @@ private slots:
 private:
     static void enter(QWidget* w)
     {
-        QEvent e(QEvent::Enter);
+        QEnterEvent e(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));
         QCoreApplication::sendEvent(w, &e);
     }
     static void leave(QWidget* w)

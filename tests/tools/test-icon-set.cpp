@@ -16,7 +16,6 @@
 #include <QImage>
 #include <QPainter>
 #include <QPushButton>
-#include <QRegExp>
 #include <QRegularExpression>
 #include <QStringList>
 #include <QToolButton>
@@ -111,11 +110,13 @@ QString readStyleSheet()
 // The same widening of "Npx;" values that the board applies on a dense screen.
 QString scaledStyleSheet(QString text, double factor)
 {
-    QRegExp number("(\\d+)px;");
+    const QRegularExpression number("(\\d+)px;");
     int at = 0;
-    while ((at = number.indexIn(text, at)) != -1) {
-        const QString bigger = QString::number(number.cap(1).toInt() * factor, 'g', 6) + "px;";
-        text.replace(at, number.matchedLength(), bigger);
+    QRegularExpressionMatch match;
+    while ((match = number.match(text, at)).hasMatch()) {
+        const QString bigger = QString::number(match.captured(1).toInt() * factor, 'g', 6) + "px;";
+        at = match.capturedStart();
+        text.replace(at, match.capturedLength(), bigger);
         at += bigger.size();
     }
     return text;

@@ -348,7 +348,7 @@ void TestWidget::stepPicturesTurnBlueUnderThePointer()
     QVERIFY(QTest::qWaitForWindowExposed(&w));
     QPushButton* plus = button(w, "m_minOnePlusBtn");
     const QImage atRest = plus->icon().pixmap(24, 24).toImage();
-    QEvent enter(QEvent::Enter);
+    QEnterEvent enter(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));
     QCoreApplication::sendEvent(plus, &enter);
     const QImage hovered = plus->icon().pixmap(24, 24).toImage();
     QVERIFY(atRest != hovered);
