@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <pwd.h>
 #include <signal.h>
+#include <sys/socket.h>
 #include <unistd.h>
 
 QString currentUserName()
@@ -24,4 +25,15 @@ bool processExists(qint64 pid)
     }
     // EPERM: the process exists but belongs to someone else.
     return ::kill(static_cast<pid_t>(pid), 0) == 0 || errno == EPERM;
+}
+
+bool peerIsCurrentUser(qintptr socketDescriptor)
+{
+    ucred peer{};
+    socklen_t size = sizeof peer;
+    if (::getsockopt(static_cast<int>(socketDescriptor), SOL_SOCKET, SO_PEERCRED, &peer, &size) !=
+        0) {
+        return false;
+    }
+    return peer.uid == ::geteuid();
 }

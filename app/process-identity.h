@@ -10,3 +10,7 @@ QString currentUserName();
 
 // Whether a process with this id is still running.
 bool processExists(qint64 pid);
+
+// Whether the process at the other end of a connected local socket runs as the
+// same user as this one.
+bool peerIsCurrentUser(qintptr socketDescriptor);

@@ -3,19 +3,29 @@
 #include "app/single-application-private.h"
 
 #include "app/instance-block-name.h"
+#include "app/instance-memory.h"
 #include "app/process-identity.h"
+#include "app/runtime-folder.h"
+#include "logging/log-categories.h"
 
 #include <QDateTime>
 #include <QElapsedTimer>
 #include <QLocalServer>
 #include <QLocalSocket>
-#include <QSharedMemory>
+#include <QLockFile>
 #include <QThread>
+#include <QTimer>
 
 namespace {
 
 // A real introduction is about sixty bytes; anything far larger is not one.
 constexpr quint64 maxHandshakeLength = 4096;
+
+// Connections that have not introduced themselves yet: a few are plenty for
+// instances starting together, and each one holds a file descriptor, so more are
+// turned away and the silent ones are dropped after a while.
+constexpr int maxConnectionsNotIntroduced = 16;
+constexpr int introductionTimeoutMs = 5000;
 
 int remainingTime(int msecs, const QElapsedTimer& timer)
 {
@@ -55,7 +65,11 @@ SingleApplicationPrivate::~SingleApplicationPrivate()
         info->primaryUser[0] = '\0';
         sealInstanceBlock(*info);
     }
+    if (memory->isLastUser()) {
+        initializeMemoryBlock();
+    }
     memory->unlock();
+    primaryLock.reset();
     delete memory;
     memory = nullptr;
 }
@@ -77,6 +91,8 @@ void SingleApplicationPrivate::genBlockServerName()
         identity.userName = currentUserName();
     }
     blockServerName = instanceBlockName(identity, static_cast<int>(options));
+    runtimeFolder = privateRuntimeFolder();
+    serverName = instanceServerName(runtimeFolder, blockServerName);
 }
 
 void SingleApplicationPrivate::initializeMemoryBlock()
@@ -88,13 +104,16 @@ void SingleApplicationPrivate::startPrimary()
 {
     claimInstanceBlock(*block(), QCoreApplication::applicationPid(), currentUserName().toUtf8());
     instanceNumber = 0;
+    if (!takePrimaryLock()) {
+        qCDebug(lcApp) << "SingleApplication: An earlier primary instance still holds the lock.";
+    }
 
     // A server file left by a primary that did not shut down would block listen().
-    QLocalServer::removeServer(blockServerName);
+    QLocalServer::removeServer(serverName);
     server = new QLocalServer(this);
     server->setSocketOptions(options & SingleApplication::User ? QLocalServer::UserAccessOption
                                                                : QLocalServer::WorldAccessOption);
-    if (!server->listen(blockServerName)) {
+    if (!server->listen(serverName)) {
         qWarning().noquote() << "SingleApplication: Unable to listen for later instances:"
                              << server->errorString();
     }
@@ -125,7 +144,7 @@ bool SingleApplicationPrivate::connectToPrimary(int msecs, ConnectionType connec
     for (;;) {
         randomSleep();
         if (socket->state() != QLocalSocket::ConnectingState) {
-            socket->connectToServer(blockServerName, QIODevice::ReadWrite);
+            socket->connectToServer(serverName, QIODevice::ReadWrite);
         }
         if (socket->state() == QLocalSocket::ConnectingState) {
             socket->waitForConnected(remainingTime(msecs, time));
@@ -138,27 +157,40 @@ bool SingleApplicationPrivate::connectToPrimary(int msecs, ConnectionType connec
         }
     }
 
+    // Whatever listens there, nothing goes to a process of another user.
+    if (!peerIsCurrentUser(socket->socketDescriptor())) {
+        qWarning("SingleApplication: The server of the primary instance belongs to another user. "
+                 "Nothing was sent to it.");
+        socket->abort();
+        return false;
+    }
+
     socket->write(encodeInstanceHandshake(blockServerName, connectionType, instanceNumber));
     const bool result = socket->waitForBytesWritten(remainingTime(msecs, time));
     socket->flush();
     return result;
 }
 
-bool SingleApplicationPrivate::primaryIsGone(int msecs) const
+bool SingleApplicationPrivate::primaryIsGone()
 {
     if (!processExists(block()->primaryPid)) {
         return true;
     }
-    // The id may have been handed to another process since; a primary that
-    // still lives answers on its server.
-    QLocalSocket probe;
-    probe.connectToServer(blockServerName, QIODevice::ReadWrite);
-    if (probe.waitForConnected(msecs)) {
-        probe.abort();
-        return false;
+    // The id may have been handed to another process since. A primary that still
+    // runs holds its lock; a missing or silent server proves nothing, since a busy
+    // primary may have lost it.
+    return takePrimaryLock();
+}
+
+bool SingleApplicationPrivate::takePrimaryLock()
+{
+    if (primaryLock && primaryLock->isLocked()) {
+        return true;
     }
-    return probe.error() == QLocalSocket::ServerNotFoundError ||
-           probe.error() == QLocalSocket::ConnectionRefusedError;
+    primaryLock = std::make_unique<QLockFile>(serverName + QStringLiteral(".lock"));
+    // Only a dead holder makes the lock stale, however long the primary has run.
+    primaryLock->setStaleLockTime(0);
+    return primaryLock->tryLock(0);
 }
 
 void SingleApplicationPrivate::randomSleep()
@@ -173,7 +205,16 @@ void SingleApplicationPrivate::slotConnectionEstablished()
     if (!nextConnSocket) {
         return;
     }
+    if (!peerIsCurrentUser(nextConnSocket->socketDescriptor()) ||
+        connectionsNotIntroduced() >= maxConnectionsNotIntroduced) {
+        qCDebug(lcApp) << "SingleApplication: Turned away a connection.";
+        nextConnSocket->abort();
+        nextConnSocket->deleteLater();
+        return;
+    }
     connectionMap.insert(nextConnSocket, ConnectionInfo());
+    QTimer::singleShot(introductionTimeoutMs, nextConnSocket,
+                       [this, nextConnSocket]() { dropIfNotIntroduced(nextConnSocket); });
 
     connect(
         nextConnSocket, &QLocalSocket::aboutToClose, this,
@@ -189,6 +230,29 @@ void SingleApplicationPrivate::slotConnectionEstablished()
     connect(
         nextConnSocket, &QLocalSocket::readyRead, this,
         [this, nextConnSocket]() { slotDataAvailable(nextConnSocket); }, Qt::DirectConnection);
+}
+
+int SingleApplicationPrivate::connectionsNotIntroduced() const
+{
+    int count = 0;
+    for (const ConnectionInfo& info : connectionMap) {
+        if (info.stage == StageHeader || info.stage == StageBody) {
+            ++count;
+        }
+    }
+    return count;
+}
+
+void SingleApplicationPrivate::dropIfNotIntroduced(QLocalSocket* connection)
+{
+    const auto it = connectionMap.constFind(connection);
+    if (it == connectionMap.constEnd() || (it->stage != StageHeader && it->stage != StageBody)) {
+        return;
+    }
+    qCDebug(lcApp) << "SingleApplication: Dropped a connection that stayed silent.";
+    connectionMap.remove(connection);
+    connection->abort();
+    connection->deleteLater();
 }
 
 void SingleApplicationPrivate::slotDataAvailable(QLocalSocket* dataSocket)

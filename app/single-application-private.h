@@ -10,9 +10,12 @@
 #include <QObject>
 #include <QRandomGenerator>
 
+#include <memory>
+
+class InstanceMemory;
 class QLocalServer;
 class QLocalSocket;
-class QSharedMemory;
+class QLockFile;
 
 class SingleApplicationPrivate : public QObject
 {
@@ -45,12 +48,17 @@ public:
     void startSecondary();
     bool connectToPrimary(int msecs, ConnectionType connectionType);
     // A primary recorded in the block that died without cleaning up.
-    bool primaryIsGone(int msecs) const;
+    bool primaryIsGone();
+    // The lock a primary holds for as long as it runs.
+    bool takePrimaryLock();
     void randomSleep();
 
     SingleApplication* q_ptr;
     QString blockServerName;
-    QSharedMemory* memory = nullptr;
+    QString runtimeFolder;
+    QString serverName;
+    InstanceMemory* memory = nullptr;
+    std::unique_ptr<QLockFile> primaryLock;
     QLocalSocket* socket = nullptr;
     QLocalServer* server = nullptr;
     quint32 instanceNumber = 0;
@@ -65,6 +73,8 @@ public slots:
 private:
     void readFromConnection(QLocalSocket* connection);
     void readInitMessageBody(QLocalSocket* connection);
+    int connectionsNotIntroduced() const;
+    void dropIfNotIntroduced(QLocalSocket* connection);
 
     QRandomGenerator random;
 };

@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "app/single-application.h"
 
+#include "app/instance-memory.h"
 #include "app/single-application-private.h"
 #include "logging/log-categories.h"
 
 #include <QElapsedTimer>
 #include <QLocalSocket>
-#include <QSharedMemory>
 #include <QtDebug>
 
 #include <cstdlib>
@@ -35,14 +35,14 @@ SingleApplication::SingleApplication(int& argc, char* argv[], bool allowSecondar
 
     d->randomSleep();
 
-    d->memory = new QSharedMemory(d->blockServerName);
+    d->memory = new InstanceMemory(d->runtimeFolder, d->blockServerName);
     if (d->memory->create(sizeof(InstanceBlock))) {
         if (!d->memory->lock()) {
             failStart(d, "SingleApplication: Unable to lock memory block after create.");
         }
         d->initializeMemoryBlock();
-    } else if (d->memory->error() == QSharedMemory::AlreadyExists) {
-        if (!d->memory->attach()) {
+    } else if (d->memory->error() == InstanceMemory::AlreadyExists) {
+        if (!d->memory->attach(sizeof(InstanceBlock))) {
             failStart(d, "SingleApplication: Unable to attach to shared memory block.");
         }
         if (!d->memory->lock()) {
@@ -74,7 +74,7 @@ SingleApplication::SingleApplication(int& argc, char* argv[], bool allowSecondar
         }
     }
 
-    if (d->block()->primary && d->primaryIsGone(timeout)) {
+    if (d->block()->primary && d->primaryIsGone()) {
         qWarning("SingleApplication: The primary instance (pid %lld) ended without cleaning up. "
                  "Taking over as primary instance.",
                  static_cast<long long>(d->block()->primaryPid));

@@ -3,16 +3,20 @@
 #include "app/instance-block-name.h"
 #include "app/instance-block.h"
 #include "app/instance-handshake.h"
+#include "app/instance-memory.h"
 #include "app/process-identity.h"
+#include "app/runtime-folder.h"
 #include "app/single-application.h"
 
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QLocalSocket>
 #include <QProcess>
-#include <QSharedMemory>
 #include <QTemporaryDir>
 #include <QtTest>
+
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <memory>
 #include <vector>
@@ -88,10 +92,15 @@ private slots:
     void reconnectAnnouncesNothing();
     void badIntroductionIsRefused();
     void serverThatCannotListenIsReported();
+    void primaryWithoutServerIsNotReplaced();
+    void silentConnectionsAreCappedAndDropped();
+    void blockAndServerStayInThePrivateFolder();
 
 private:
     QStringList boardArguments(const QStringList& more = {}) const;
     QString blockName() const;
+    QString folder() const { return scratch.filePath(QStringLiteral("pallo-board-instance")); }
+    QString serverPath() const { return instanceServerName(folder(), blockName()); }
     std::unique_ptr<Board> startPrimary(const QStringList& more = {});
 
     QTemporaryDir scratch;
@@ -101,11 +110,11 @@ private:
 
 void TestSingleApplication::initTestCase()
 {
-    // The blocks' key files and the servers' sockets go to a folder of this run
+    // The blocks and the servers' sockets go to a private folder of this run
     // (short, because a socket path is limited to about a hundred bytes).
     QVERIFY(scratch.isValid());
-    qputenv("TMPDIR", QFile::encodeName(scratch.path()));
-    QCOMPARE(QDir::tempPath(), scratch.path());
+    qputenv("XDG_RUNTIME_DIR", QFile::encodeName(scratch.path()));
+    QCOMPARE(privateRuntimeFolder(), folder());
 }
 
 void TestSingleApplication::init()
@@ -213,8 +222,8 @@ void TestSingleApplication::inconsistentBlockIsTakenOverAfterFiveSeconds()
     auto crashed = startPrimary();
     QVERIFY(crashed);
 
-    QSharedMemory memory(blockName());
-    QVERIFY2(memory.attach(), qPrintable(memory.errorString()));
+    InstanceMemory memory(folder(), blockName());
+    QVERIFY2(memory.attach(sizeof(InstanceBlock)), qPrintable(memory.errorString()));
     QVERIFY(memory.lock());
     auto* block = static_cast<InstanceBlock*>(memory.data());
     QVERIFY(block->primary);
@@ -242,7 +251,6 @@ void TestSingleApplication::inconsistentBlockIsTakenOverAfterFiveSeconds()
     QVERIFY(instanceBlockIsConsistent(*block));
     QCOMPARE(block->primaryPid, next.process.processId());
     QVERIFY(memory.unlock());
-    memory.detach();
 
     QVERIFY(next.stop());
     QVERIFY(crashed->stop());
@@ -280,7 +288,7 @@ void TestSingleApplication::unreachablePrimaryIsReplaced()
 {
     // A block naming a live process (this test) as primary, but no server: the
     // recorded process is not the board any more.
-    QSharedMemory memory(blockName());
+    InstanceMemory memory(folder(), blockName());
     QVERIFY2(memory.create(sizeof(InstanceBlock)), qPrintable(memory.errorString()));
     QVERIFY(memory.lock());
     auto* block = static_cast<InstanceBlock*>(memory.data());
@@ -305,7 +313,6 @@ void TestSingleApplication::unreachablePrimaryIsReplaced()
     QCOMPARE(block->primaryPid, next.process.processId());
     QCOMPARE(QString::fromUtf8(block->primaryUser), currentUserName());
     QVERIFY(memory.unlock());
-    memory.detach();
     QVERIFY(next.stop());
 }
 
@@ -348,7 +355,7 @@ void TestSingleApplication::badIntroductionIsRefused()
     QVERIFY(primary);
 
     QLocalSocket stranger;
-    stranger.connectToServer(blockName());
+    stranger.connectToServer(serverPath());
     QVERIFY(stranger.waitForConnected(5000));
     stranger.write(encodeInstanceHandshake("not-this-board", ConnectionType::Reconnect, 9) +
                    "show");
@@ -357,7 +364,7 @@ void TestSingleApplication::badIntroductionIsRefused()
     QTRY_VERIFY_WITH_TIMEOUT(primary->err.contains("did not introduce itself"), 10000);
 
     QLocalSocket broken;
-    broken.connectToServer(blockName());
+    broken.connectToServer(serverPath());
     QVERIFY(broken.waitForConnected(5000));
     QByteArray corrupted = encodeInstanceHandshake(blockName(), ConnectionType::Reconnect, 9);
     corrupted[corrupted.size() - 1] = static_cast<char>(corrupted.at(corrupted.size() - 1) ^ 1);
@@ -366,7 +373,7 @@ void TestSingleApplication::badIntroductionIsRefused()
     QTRY_COMPARE_WITH_TIMEOUT(broken.state(), QLocalSocket::UnconnectedState, 10000);
 
     QLocalSocket friendly;
-    friendly.connectToServer(blockName());
+    friendly.connectToServer(serverPath());
     QVERIFY(friendly.waitForConnected(5000));
     friendly.write(encodeInstanceHandshake(blockName(), ConnectionType::Reconnect, 9) + "hello");
     QVERIFY(friendly.waitForBytesWritten(5000));
@@ -384,14 +391,90 @@ void TestSingleApplication::serverThatCannotListenIsReported()
     // A socket path longer than the system allows cannot be listened on.
     const QString deep = scratch.filePath(QString(120, QLatin1Char('d')));
     QVERIFY(QDir().mkpath(deep));
+    QVERIFY(QFile::setPermissions(deep, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("TMPDIR"), deep);
+    environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), deep);
     Board primary(boardArguments(), environment);
     QTRY_VERIFY_WITH_TIMEOUT(!primary.lines().isEmpty(), 10000);
     QCOMPARE(primary.lines(), QStringList{"primary 0"});
     QTRY_VERIFY_WITH_TIMEOUT(
         primary.err.contains("SingleApplication: Unable to listen for later instances:"), 10000);
     QVERIFY(primary.stop());
+}
+
+void TestSingleApplication::primaryWithoutServerIsNotReplaced()
+{
+    // A primary that lost its server (as when it ran out of file descriptors) still
+    // runs, so a later start must not become a second primary.
+    auto primary = startPrimary();
+    QVERIFY(primary);
+    QVERIFY(QFile::remove(serverPath()));
+
+    Board later(boardArguments());
+    QVERIFY(later.finishedWithZero());
+    QCOMPARE(later.lines(), (QStringList{"secondary 1", "not sent"}));
+    QVERIFY2(!later.err.contains("Taking over"), qPrintable(later.err));
+    QCOMPARE(primary->process.state(), QProcess::Running);
+
+    InstanceMemory memory(folder(), blockName());
+    QVERIFY(memory.attach(sizeof(InstanceBlock)));
+    QVERIFY(memory.lock());
+    QCOMPARE(static_cast<InstanceBlock*>(memory.data())->primaryPid, primary->process.processId());
+    QVERIFY(memory.unlock());
+    QVERIFY(primary->stop());
+}
+
+void TestSingleApplication::silentConnectionsAreCappedAndDropped()
+{
+    auto primary = startPrimary();
+    QVERIFY(primary);
+
+    std::vector<std::unique_ptr<QLocalSocket>> silent;
+    for (int i = 0; i < 40; ++i) {
+        silent.push_back(std::make_unique<QLocalSocket>());
+        silent.back()->connectToServer(serverPath());
+        QVERIFY(silent.back()->waitForConnected(5000));
+    }
+    const auto closed = [&silent]() {
+        int count = 0;
+        for (const auto& socket : silent) {
+            socket->waitForReadyRead(0);
+            count += socket->state() == QLocalSocket::UnconnectedState ? 1 : 0;
+        }
+        return count;
+    };
+    // Beyond the first few, silent connections are turned away at once ...
+    QTRY_VERIFY_WITH_TIMEOUT(closed() >= 24, 4000);
+    QVERIFY2(closed() < 40, qPrintable(QString::number(closed())));
+    // ... and the rest once they have kept silent for a while.
+    QTRY_COMPARE_WITH_TIMEOUT(closed(), 40, 15000);
+
+    Board later(boardArguments());
+    QVERIFY(later.finishedWithZero());
+    QCOMPARE(later.lines(), (QStringList{"secondary 1", "sent"}));
+    QTRY_VERIFY_WITH_TIMEOUT(primary->lines().contains("message 1 show"), 10000);
+    QVERIFY(primary->stop());
+}
+
+void TestSingleApplication::blockAndServerStayInThePrivateFolder()
+{
+    auto primary = startPrimary();
+    QVERIFY(primary);
+    struct stat info
+    {
+    };
+    QCOMPARE(::lstat(QFile::encodeName(folder()).constData(), &info), 0);
+    QCOMPARE(info.st_mode & 0777, 0700u);
+    // Others cannot even enter the folder; the block itself is closed to them too.
+    for (const QString& path : {serverPath(), serverPath() + ".lock"}) {
+        QCOMPARE(::lstat(QFile::encodeName(path).constData(), &info), 0);
+        QCOMPARE(info.st_uid, ::geteuid());
+    }
+    QCOMPARE(::lstat(QFile::encodeName(folder() + "/" + blockName() + ".block").constData(), &info),
+             0);
+    QCOMPARE(info.st_uid, ::geteuid());
+    QCOMPARE(info.st_mode & 0777, 0600u);
+    QVERIFY(primary->stop());
 }
 
 QTEST_GUILESS_MAIN(TestSingleApplication)

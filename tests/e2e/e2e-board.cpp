@@ -36,8 +36,10 @@ E2eBoard::~E2eBoard()
 std::unique_ptr<E2eBoard> E2eBoard::sibling() const
 {
     static int siblings = 0;
-    return std::unique_ptr<E2eBoard>(
+    std::unique_ptr<E2eBoard> board(
         new E2eBoard(dir_, program_, QStringLiteral("pipe-%1").arg(++siblings)));
+    board->extraEnv_ = extraEnv_;
+    return board;
 }
 
 QString E2eBoard::pipePath() const
@@ -60,6 +62,12 @@ QProcessEnvironment E2eBoard::environment() const
         env.insert(QStringLiteral("QT_LOGGING_RULES"), QStringLiteral("pallo.*.debug=true"));
     else
         env.remove(QStringLiteral("QT_LOGGING_RULES"));
+    for (auto it = extraEnv_.cbegin(); it != extraEnv_.cend(); ++it) {
+        if (it.value().isNull())
+            env.remove(it.key());
+        else
+            env.insert(it.key(), it.value());
+    }
     return env;
 }
 

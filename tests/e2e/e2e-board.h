@@ -6,6 +6,7 @@
 
 #include <QByteArray>
 #include <QElapsedTimer>
+#include <QHash>
 #include <QProcess>
 #include <QString>
 #include <QStringList>
@@ -35,6 +36,9 @@ public:
     QString program() const { return program_; }
     // Boards run as a user starts them, quiet; this switches their debug lines on.
     void showDebugLines() { debugLines_ = true; }
+    // Sets a variable of the board's environment (siblings made later share it); a
+    // null value removes it.
+    void setEnvironment(const QString& name, const QString& value) { extraEnv_[name] = value; }
 
     // Listens on the pipe and starts the board on it with "--name PIPE" and the rest;
     // true once the board has connected.
@@ -74,4 +78,5 @@ private:
     qint64 lifetime_ = -1;
     QByteArray errors_;
     bool debugLines_ = false;
+    QHash<QString, QString> extraEnv_;
 };
