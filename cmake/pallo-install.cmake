@@ -55,6 +55,8 @@ set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "transparent annotation board over the des
 set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+# As Debian's own packages: the programs without their debug information.
+set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
     "transparent annotation board over the desktop\n\
