@@ -16,9 +16,12 @@
 // The toolbar and its strip bypass the window manager (override-redirect). Window
 // managers and XWayland compositors stack such windows above all managed ones, so a click
 // that focuses, and raises, the canvas cannot cover them, and no frame window of the
-// manager lies over them to swallow their clicks. They never need the keyboard. The
-// timer window and the settings panel are transient for the canvas, which keeps them
-// above it as well.
+// manager lies over them to swallow their clicks. They never need the keyboard. So do
+// the pinned pictures, and the magnifier and the screenshot overlay, which cover the
+// screen: a window manager would stack them by its own rules (xfwm4 left the magnifier
+// beneath the canvas, openbox never gave the overlay the focus it waits for); unmanaged,
+// they take the focus themselves when shown. The timer window and the settings panel are
+// transient for the canvas, which keeps them above it as well.
 namespace window_layering {
 
 Qt::WindowFlags canvasFlags()
@@ -33,6 +36,19 @@ Qt::WindowFlags overCanvasFlags()
     flags |= Qt::X11BypassWindowManagerHint;
 #endif
     return flags;
+}
+
+void showToolOverScreen(QWidget* tool)
+{
+#ifndef Q_OS_WIN
+    tool->setWindowFlags(tool->windowFlags() | Qt::X11BypassWindowManagerHint);
+#endif
+    // Without a window manager nothing acts on the full-screen request, so the tool is
+    // given the screen's size as well.
+    if (QScreen* screen = QGuiApplication::primaryScreen())
+        tool->setGeometry(screen->geometry());
+    tool->showFullScreen();
+    tool->activateWindow();
 }
 
 void showCanvasOverScreen(QWidget* canvas)

@@ -17,5 +17,8 @@ Qt::WindowFlags canvasFlags();
 Qt::WindowFlags overCanvasFlags();
 // Shows the canvas over the whole of the screen it is on, without the full-screen state.
 void showCanvasOverScreen(QWidget* canvas);
+// Shows a tool that covers the screen (the magnifier, the screenshot overlay) full screen
+// above the canvas.
+void showToolOverScreen(QWidget* tool);
 
 } // namespace window_layering

@@ -240,15 +240,6 @@ void CtrlForm::enterChooseState()
     ui->toolButton_choose->setChecked(true);
 }
 
-void CtrlForm::showOverScreen(QWidget* window)
-{
-    // Without a window manager nothing acts on the full-screen request, so the window is
-    // given the screen's size as well.
-    if (QScreen* screen = QGuiApplication::primaryScreen())
-        window->setGeometry(screen->geometry());
-    window->showFullScreen();
-}
-
 void CtrlForm::showCanvasFullScreen()
 {
     if (!m_view)
@@ -455,7 +446,7 @@ void CtrlForm::slot_zoom()
     if (m_zoom)
         return;
     m_zoom = new ZoomWidget(this);
-    showOverScreen(m_zoom);
+    window_layering::showToolOverScreen(m_zoom);
     connect(m_zoom, &ZoomWidget::sg_exit, this, &CtrlForm::slot_zoomexit);
 }
 
@@ -464,7 +455,7 @@ void CtrlForm::slot_screen()
     if (m_screenShot)
         return;
     m_screenShot = new screenShotWidget(this);
-    showOverScreen(m_screenShot);
+    window_layering::showToolOverScreen(m_screenShot);
     connect(m_screenShot, &screenShotWidget::sg_screenexit, this, &CtrlForm::slot_screenexit);
     connect(m_screenShot, &screenShotWidget::sg_screenimage, this, &CtrlForm::sg_screenimage);
     connect(m_screenShot, &screenShotWidget::sg_transtochoose, this, &CtrlForm::slot_screencutfin);

@@ -147,7 +147,6 @@ private:
     bool anyMenuVisible() const;
     void dock();
     void restoreFromStrip();
-    void showOverScreen(QWidget* window);
     void placeMenu(QWidget* menu, QWidget* button, QSize size, bool beside);
     QRect globalFrame() const;
     void moveGlobalFrame(const QPoint& topLeft);

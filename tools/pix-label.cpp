@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/pix-label.h"
 
+#include "common/window-layering.h"
 #include "tools/frame-handles.h"
 
 #include <QAction>
@@ -14,7 +15,7 @@ PixLabel::PixLabel(QWidget* parent)
       layout(new QGridLayout(this))
 {
     setAttribute(Qt::WA_TranslucentBackground);
-    setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+    setWindowFlags(window_layering::overCanvasFlags());
     closeAction->setText(tr("PixLabel.Btn.Close"));
     connect(closeAction, &QAction::triggered, this, &PixLabel::slot_abelclose);
     addAction(closeAction);

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 pallo-board developers
 // SPDX-License-Identifier: MIT
 #include "common/scale-factor.h"
+#include "tests/e2e/desktop-session.h"
 #include "tests/e2e/e2e-board.h"
 #include "tests/e2e/toolbar-layout.h"
 #include "tests/e2e/x11-probe.h"
@@ -47,6 +48,7 @@ private:
     QPoint buttonCentre(const QRect& frame, bool right) const;
 
     X11Probe probe;
+    DesktopSession desktop;
     ToolbarLayout toolbar;
     double s = 1.0;
     QRect screen;
@@ -87,8 +89,11 @@ int truncated(double value)
 void TestBoardToolsE2e::initTestCase()
 {
     QVERIFY(probe.isValid());
+    // Measured before any window manager frames the test's own windows.
     toolbar = measureToolbarLayout();
     QVERIFY(!toolbar.size.isEmpty());
+    const QString kind = DesktopSession::fromEnvironment();
+    QVERIFY2(desktop.start(kind), qPrintable(QStringLiteral("no desktop ") + kind));
     s = screenScaleFactor();
     screen = QGuiApplication::primaryScreen()->geometry();
 }
@@ -116,7 +121,7 @@ void TestBoardToolsE2e::cleanup()
 {
     if (board) {
         board->closePipe();
-        QVERIFY(board->waitForExit(1000));
+        QVERIFY(board->waitForExit(5000));
         QCOMPARE(board->exitCode(), 0);
     }
     board.reset();

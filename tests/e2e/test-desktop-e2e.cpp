@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 pallo-board developers
 // SPDX-License-Identifier: MIT
+#include "tests/e2e/desktop-session.h"
 #include "tests/e2e/e2e-board.h"
 #include "tests/e2e/toolbar-layout.h"
 #include "tests/e2e/x11-probe.h"
@@ -11,9 +12,6 @@
 
 #include <QProcess>
 #include <QtTest>
-
-#include <X11/Xatom.h>
-#include <X11/Xlib.h>
 
 // The real board over a program on a desktop as a user has it: a compositor (xcompmgr)
 // but no window manager, openbox with xcompmgr, or xfwm4 with its own compositor
@@ -32,12 +30,11 @@ private slots:
     void dockedToolbarShowsItsTab();
     void undoOnTheToolbarUndoes();
     void hideAndShowKeepInkAndPen();
+    void typingIntoATextItemWorks();
     void desktopOperationLetsClicksThrough();
 
 private:
-    bool startDesktop();
-    bool desktopReady() const;
-    QImage screen() const { return probe.grabComposited(); }
+    QImage screen() const { return probe.grabScreen(); }
     int programPixels(const QImage& picture, QRgb colour) const;
     int inkInProgram() const;
     QRect toolbarRect() const;
@@ -52,7 +49,7 @@ private:
     QString wm;
     X11Probe probe;
     ToolbarLayout toolbar;
-    QList<QProcess*> desktop;
+    DesktopSession desktop;
     QProcess program;
     QRect programRect;
     std::unique_ptr<E2eBoard> board;
@@ -74,66 +71,14 @@ bool closeTo(QRgb a, QRgb b)
 
 } // namespace
 
-bool TestDesktopE2e::desktopReady() const
-{
-    Display* display = XOpenDisplay(nullptr);
-    if (display == nullptr)
-        return false;
-    bool ready = true;
-    if (wm != QLatin1String("compositor")) {
-        Atom type = None;
-        int format = 0;
-        unsigned long count = 0;
-        unsigned long after = 0;
-        unsigned char* data = nullptr;
-        XGetWindowProperty(display, DefaultRootWindow(display),
-                           XInternAtom(display, "_NET_SUPPORTING_WM_CHECK", False), 0, 1, False,
-                           XA_WINDOW, &type, &format, &count, &after, &data);
-        ready = count == 1;
-        if (data != nullptr)
-            XFree(data);
-    }
-    // The compositor announces itself by owning the manager selection.
-    ready =
-        ready && XGetSelectionOwner(display, XInternAtom(display, "_NET_WM_CM_S0", False)) != None;
-    XCloseDisplay(display);
-    return ready;
-}
-
-bool TestDesktopE2e::startDesktop()
-{
-    QList<QStringList> commands;
-    if (wm == QLatin1String("openbox"))
-        commands = {{QStringLiteral("openbox")}, {QStringLiteral("xcompmgr")}};
-    else if (wm == QLatin1String("xfwm4"))
-        commands = {{QStringLiteral("xfwm4"), QStringLiteral("--compositor=on")}};
-    else if (wm == QLatin1String("compositor"))
-        commands = {{QStringLiteral("xcompmgr")}};
-    else
-        return false;
-    for (const QStringList& command : commands) {
-        auto* process = new QProcess(this);
-        process->setProcessChannelMode(QProcess::ForwardedChannels);
-        process->setWorkingDirectory(QDir::homePath());
-        process->start(command.first(), command.mid(1));
-        if (!process->waitForStarted(5000))
-            return false;
-        desktop.append(process);
-    }
-    return QTest::qWaitFor([this] { return desktopReady(); }, 20000);
-}
-
 void TestDesktopE2e::initTestCase()
 {
-    wm = qEnvironmentVariable("PALLO_DESKTOP_WM", QStringLiteral("compositor"));
-    // Window managers read their settings from the home folder and stop without one.
-    QVERIFY(QDir().mkpath(QDir::homePath()));
+    wm = DesktopSession::fromEnvironment();
     QVERIFY(probe.isValid());
     // Measured before any window manager frames the test's own windows.
     toolbar = measureToolbarLayout();
     QVERIFY(!toolbar.size.isEmpty());
-    QVERIFY2(startDesktop(), qPrintable(QStringLiteral("no desktop ") + wm));
-    probe.setOverlayInUse(wm == QLatin1String("xfwm4"));
+    QVERIFY2(desktop.start(wm), qPrintable(QStringLiteral("no desktop ") + wm));
 
     program.start(QStringLiteral(PALLO_COLOUR_WINDOW_PATH),
                   {QString::number(programPlace.x()), QString::number(programPlace.y()),
@@ -166,11 +111,7 @@ void TestDesktopE2e::cleanupTestCase()
     board.reset();
     program.kill();
     program.waitForFinished(2000);
-    for (QProcess* process : desktop) {
-        process->terminate();
-        if (!process->waitForFinished(3000))
-            process->kill();
-    }
+    desktop.stop();
 }
 
 int TestDesktopE2e::programPixels(const QImage& picture, QRgb colour) const
@@ -361,6 +302,19 @@ void TestDesktopE2e::hideAndShowKeepInkAndPen()
     drawStroke(400);
     QTRY_VERIFY_WITH_TIMEOUT(inkInProgram() > drawn + strokePixels, 5000);
     saveScreen(QStringLiteral("shown-again"));
+}
+
+void TestDesktopE2e::typingIntoATextItemWorks()
+{
+    // A part of the program with no ink on it yet.
+    const QRect place(programRect.left() + 620, programRect.top() + 300, 160, 80);
+    QCOMPARE(countReddish(screen().copy(place)), 0);
+    QVERIFY(clickToolbar(toolbar.textCentre));
+    QVERIFY(xdotool::click(place.topLeft() + QPoint(10, 10)));
+    QVERIFY(xdotool::run({QStringLiteral("type"), QStringLiteral("--delay"), QStringLiteral("80"),
+                          QStringLiteral("HHHH")}));
+    QTRY_VERIFY_WITH_TIMEOUT(countReddish(screen().copy(place)) > 60, 5000);
+    saveScreen(QStringLiteral("typed"));
 }
 
 void TestDesktopE2e::desktopOperationLetsClicksThrough()

@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 pallo-board developers
 // SPDX-License-Identifier: MIT
 #include "app/pallo-translator.h"
-#include "common/style-sheet-loader.h"
 #include "canvas/common-item.h"
 #include "canvas/d-data.h"
 #include "canvas/draw-manager-ex.h"
@@ -9,6 +8,7 @@
 #include "canvas/handle-geometry.h"
 #include "canvas/operate-item.h"
 #include "canvas/text-itemchange.h"
+#include "common/style-sheet-loader.h"
 #include "tests/e2e/popup-clicker.h"
 #include "tests/e2e/x11-probe.h"
 #include "tests/e2e/xdotool.h"

@@ -34,6 +34,7 @@ ToolbarLayout measureToolbarLayout()
         layout.penCentre = centreOf("toolButton_pen");
         layout.undoCentre = centreOf("toolButton_undo");
         layout.chooseCentre = centreOf("toolButton_choose");
+        layout.textCentre = centreOf("toolButton_text");
     }
     form.reset();
     QCoreApplication::removeTranslator(&translator);

@@ -14,6 +14,7 @@ struct ToolbarLayout
     QPoint penCentre;
     QPoint undoCentre;
     QPoint chooseCentre;
+    QPoint textCentre;
 };
 
 ToolbarLayout measureToolbarLayout();

@@ -9,7 +9,6 @@
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
-#include <X11/extensions/Xcomposite.h>
 #include <X11/extensions/shape.h>
 
 #include <cstdio>
@@ -77,27 +76,6 @@ QString windowTitle(Display* display, ::Window window)
             return window;
         window = parent;
     }
-}
-
-QImage imageOfWindow(Display* display, ::Window window)
-{
-    XWindowAttributes attributes;
-    if (!XGetWindowAttributes(display, window, &attributes))
-        return QImage();
-    XImage* image = XGetImage(display, window, 0, 0, static_cast<unsigned>(attributes.width),
-                              static_cast<unsigned>(attributes.height), AllPlanes, ZPixmap);
-    if (image == nullptr)
-        return QImage();
-    QImage picture(attributes.width, attributes.height, QImage::Format_RGB32);
-    for (int y = 0; y < attributes.height; ++y) {
-        auto* line = reinterpret_cast<QRgb*>(picture.scanLine(y));
-        for (int x = 0; x < attributes.width; ++x) {
-            const unsigned long pixel = XGetPixel(image, x, y);
-            line[x] = qRgb(int((pixel >> 16) & 0xff), int((pixel >> 8) & 0xff), int(pixel & 0xff));
-        }
-    }
-    XDestroyImage(image);
-    return picture;
 }
 
 } // namespace
@@ -292,27 +270,6 @@ QImage X11Probe::grabScreen() const
 {
     QScreen* screen = QGuiApplication::primaryScreen();
     return screen->grabWindow(0).toImage().convertToFormat(QImage::Format_RGB32);
-}
-
-QImage X11Probe::grabComposited() const
-{
-    Display* display = dpy(display_);
-    const ::Window rootWindow = DefaultRootWindow(display);
-    char selection[32];
-    std::snprintf(selection, sizeof selection, "_NET_WM_CM_S%d", DefaultScreen(display));
-    const bool composited =
-        XGetSelectionOwner(display, XInternAtom(display, selection, False)) != None;
-    int eventBase = 0;
-    int errorBase = 0;
-    // A compositor that draws into the overlay window leaves the root window's own picture
-    // stale; one that draws on the root window (xcompmgr) never takes the overlay, and taking
-    // it would put a blank window over the screen.
-    if (!composited || !overlayInUse_ || !XCompositeQueryExtension(display, &eventBase, &errorBase))
-        return imageOfWindow(display, rootWindow);
-    const ::Window overlay = XCompositeGetOverlayWindow(display, rootWindow);
-    QImage picture = imageOfWindow(display, overlay);
-    XCompositeReleaseOverlayWindow(display, rootWindow);
-    return picture;
 }
 
 bool isReddish(QRgb pixel)

@@ -57,10 +57,6 @@ public:
     int mapsCounted();
 
     QImage grabScreen() const;
-    // What the screen shows, read from the X server: the compositor's overlay window when
-    // told the compositor draws there (setOverlayInUse), else the root window.
-    QImage grabComposited() const;
-    void setOverlayInUse(bool inUse) { overlayInUse_ = inUse; }
     // Touches a property of the root window, which every window manager watches. Just
     // after it starts, openbox can leave a map request unanswered until its next event.
     void nudgeWindowManager() const;
@@ -68,7 +64,6 @@ public:
 private:
     void* display_ = nullptr;
     int maps_ = 0;
-    bool overlayInUse_ = false;
 };
 
 // The number of pixels of image in which red stands out: strokes of the board's red pen,

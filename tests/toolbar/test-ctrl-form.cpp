@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 pallo-board developers
 // SPDX-License-Identifier: MIT
+#include "canvas/graphics-view.h"
 #include "common/board-settings.h"
 #include "common/scale-factor.h"
 #include "common/style-sheet-loader.h"
-#include "canvas/graphics-view.h"
 #include "toolbar/control-menu.h"
 #include "toolbar/ctrl-form.h"
 #include "toolbar/edge-hide-dialog.h"
@@ -646,6 +646,8 @@ void TestCtrlForm::toolTypes()
         QVERIFY(tool->isVisible());
         QVERIFY(tool->isFullScreen());
         QCOMPARE(tool->geometry(), QGuiApplication::primaryScreen()->geometry());
+        // Left to no window manager's stacking rules: it lies above the canvas.
+        QVERIFY(tool->windowFlags().testFlag(Qt::X11BypassWindowManagerHint));
     }
     // The zoom button itself now starts the same tool; an open one is not opened twice.
     QTest::mouseClick(zoom, Qt::LeftButton, {}, QPoint(4, 4));
