@@ -30,6 +30,7 @@ private slots:
     void dockedToolbarShowsItsTab();
     void undoOnTheToolbarUndoes();
     void hideAndShowKeepInkAndPen();
+    void escapeAndCloseHideEverything();
     void typingIntoATextItemWorks();
     void desktopOperationLetsClicksThrough();
 
@@ -302,6 +303,27 @@ void TestDesktopE2e::hideAndShowKeepInkAndPen()
     drawStroke(400);
     QTRY_VERIFY_WITH_TIMEOUT(inkInProgram() > drawn + strokePixels, 5000);
     saveScreen(QStringLiteral("shown-again"));
+}
+
+void TestDesktopE2e::escapeAndCloseHideEverything()
+{
+    const int drawn = inkInProgram();
+    QVERIFY(drawn > strokePixels);
+    // Escape on the canvas, which has the keyboard since the last stroke.
+    QVERIFY(xdotool::run({QStringLiteral("key"), QStringLiteral("Escape")}));
+    QTRY_VERIFY_WITH_TIMEOUT(probe.viewableWindowsOf(board->pid()).isEmpty(), 5000);
+    QTRY_COMPARE_WITH_TIMEOUT(inkInProgram(), 0, 5000);
+    QVERIFY(board->send(R"({"type":"show_or_hide"})"));
+    QTRY_COMPARE_WITH_TIMEOUT(inkInProgram(), drawn, 5000);
+
+    // The toolbar's cross.
+    QVERIFY(clickToolbar(toolbar.closeCentre));
+    QTRY_VERIFY_WITH_TIMEOUT(probe.viewableWindowsOf(board->pid()).isEmpty(), 5000);
+    QTRY_COMPARE_WITH_TIMEOUT(inkInProgram(), 0, 5000);
+    QVERIFY(board->send(R"({"type":"show_or_hide"})"));
+    QTRY_COMPARE_WITH_TIMEOUT(inkInProgram(), drawn, 5000);
+    QRect bar;
+    QVERIFY(reachToolbar(&bar));
 }
 
 void TestDesktopE2e::typingIntoATextItemWorks()

@@ -35,6 +35,7 @@ ToolbarLayout measureToolbarLayout()
         layout.undoCentre = centreOf("toolButton_undo");
         layout.chooseCentre = centreOf("toolButton_choose");
         layout.textCentre = centreOf("toolButton_text");
+        layout.closeCentre = centreOf("toolButton_close");
     }
     form.reset();
     QCoreApplication::removeTranslator(&translator);

@@ -15,6 +15,7 @@ struct ToolbarLayout
     QPoint undoCentre;
     QPoint chooseCentre;
     QPoint textCentre;
+    QPoint closeCentre;
 };
 
 ToolbarLayout measureToolbarLayout();
