@@ -48,7 +48,6 @@ void showToolOverScreen(QWidget* tool)
     if (QScreen* screen = QGuiApplication::primaryScreen())
         tool->setGeometry(screen->geometry());
     tool->showFullScreen();
-    tool->activateWindow();
 }
 
 void showCanvasOverScreen(QWidget* canvas)

@@ -12,6 +12,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -35,6 +36,7 @@ private slots:
     void cleanup();
     void magnifierCoversTheScreenOnceAndClosesByItsButton();
     void screenshotIsSavedCopiedPinnedAndSelects();
+    void failedSaveIsToldAndKeepsThePicture();
     void timerMessageTogglesTheTimerWindow();
     void storedHotkeysDoNothing();
 
@@ -109,6 +111,13 @@ void TestBoardToolsE2e::init()
     // The host keeps the screenshot folder and format in the store it shares.
     shots = QDir(board->folder()).filePath("shots");
     QVERIFY(QDir().mkpath(shots));
+    if (QByteArray(QTest::currentTestFunction()) == "failedSaveIsToldAndKeepsThePicture") {
+        // A folder beneath a plain file: no one, not even root, can create it.
+        QFile blocker(QDir(board->folder()).filePath("not-a-folder"));
+        QVERIFY(blocker.open(QIODevice::WriteOnly));
+        blocker.close();
+        shots = QDir(blocker.fileName()).filePath("shots");
+    }
     QFile store(QDir(board->folder()).filePath("bridge.json"));
     QVERIFY(store.open(QIODevice::WriteOnly));
     store.write(
@@ -277,6 +286,52 @@ void TestBoardToolsE2e::screenshotIsSavedCopiedPinnedAndSelects()
 
     // And the board is back in select mode: clicks go through to the desktop.
     QTRY_VERIFY_WITH_TIMEOUT(probe.inputShapeEmpty(probe.canvasOf(board->pid()).id), 5000);
+}
+
+void TestBoardToolsE2e::failedSaveIsToldAndKeepsThePicture()
+{
+    const QList<X11Probe::Window> before = probe.viewableWindowsOf(board->pid());
+    QVERIFY(board->send(R"({"type":"shut"})"));
+    QVERIFY(settledTool("screenShotWidget", "[SCN]").id != 0);
+    QRect selection(0, 0, truncated(300 * s), truncated(300 * s));
+    selection.moveCenter(QPoint(screen.width() / 2, screen.height() / 2));
+    QVERIFY(xdotool::click(buttonCentre(selection, false)));
+    QTRY_COMPARE_WITH_TIMEOUT(windowsTitled("screenShotWidget"), 0, 5000);
+
+    // Said on standard error, with the path.
+    QTRY_VERIFY_WITH_TIMEOUT(
+        board->errors().contains("[E] screenshot not saved to " + QFile::encodeName(shots)), 5000);
+    // And on the screen: a message in the middle, white text on red.
+    X11Probe::Window notice;
+    QTRY_VERIFY_WITH_TIMEOUT(
+        [&] {
+            for (const X11Probe::Window& window : probe.viewableWindowsOf(board->pid())) {
+                const QPoint off = window.geometry.center() - screen.center();
+                if (off.manhattanLength() <= 2 && window.geometry.width() < screen.width())
+                    notice = window;
+            }
+            return notice.id != 0;
+        }(),
+        5000);
+    keepPicture(probe.grabScreen(), "tools-e2e-save-failed");
+    const QImage shown = probe.grabScreen().copy(notice.geometry);
+    int red = 0;
+    int white = 0;
+    for (int y = 0; y < shown.height(); ++y) {
+        for (int x = 0; x < shown.width(); ++x) {
+            const QRgb p = shown.pixel(x, y);
+            red += (qAbs(qRed(p) - 0xb3) < 24 && qGreen(p) < 70 && qBlue(p) < 70) ? 1 : 0;
+            white += qGray(p) > 220 ? 1 : 0;
+        }
+    }
+    QVERIFY2(red > shown.width() * shown.height() / 2 && white > 50,
+             qPrintable(QStringLiteral("%1 red, %2 white").arg(red).arg(white)));
+
+    // No file anywhere, and the picture still reached the clipboard and the board.
+    QVERIFY(!QFileInfo::exists(shots));
+    QTRY_VERIFY_WITH_TIMEOUT(!QGuiApplication::clipboard()->image().isNull(), 5000);
+    QTRY_VERIFY_WITH_TIMEOUT(probe.viewableWindowsOf(board->pid()).size() >= before.size() + 2,
+                             5000);
 }
 
 void TestBoardToolsE2e::timerMessageTogglesTheTimerWindow()
