@@ -27,11 +27,6 @@ private:
 
 namespace {
 
-bool hasCanvasAndToolbar(const X11Probe& probe, const E2eBoard& board)
-{
-    return probe.canvasOf(board.pid()).id != 0 && probe.toolbarOf(board.pid()).id != 0;
-}
-
 bool writeFile(const QString& path, const QByteArray& contents)
 {
     QDir().mkpath(QFileInfo(path).absolutePath());
@@ -52,7 +47,7 @@ void TestBoardBadInputE2e::deeplyNestedBridgeStore()
     const QString store = board.folder() + QStringLiteral("/bridge.json");
     QVERIFY(writeFile(store, QByteArray(5000, '[') + QByteArray(5000, ']')));
     QVERIFY(board.startWithHost());
-    QTRY_VERIFY_WITH_TIMEOUT(hasCanvasAndToolbar(probe, board), 10000);
+    QTRY_VERIFY_WITH_TIMEOUT(probe.showsCanvasAndToolbar(board.pid()), 10000);
     QTRY_VERIFY_WITH_TIMEOUT(board.errors().contains("configuration " + store.toLocal8Bit()), 5000);
     QVERIFY(board.running());
 }
@@ -63,7 +58,7 @@ void TestBoardBadInputE2e::fifoInPlaceOfTheBridgeStore()
     const QString store = board.folder() + QStringLiteral("/bridge.json");
     QCOMPARE(::mkfifo(QFile::encodeName(store).constData(), 0600), 0);
     QVERIFY(board.startWithHost());
-    QTRY_VERIFY_WITH_TIMEOUT(hasCanvasAndToolbar(probe, board), 10000);
+    QTRY_VERIFY_WITH_TIMEOUT(probe.showsCanvasAndToolbar(board.pid()), 10000);
     QVERIFY(board.errors().contains("configuration " + store.toLocal8Bit() +
                                     ": is not a regular file"));
     QVERIFY(board.running());
@@ -73,7 +68,7 @@ void TestBoardBadInputE2e::emptyMessageDoesNotEndTheBoard()
 {
     E2eBoard board;
     QVERIFY(board.startWithHost());
-    QTRY_VERIFY_WITH_TIMEOUT(hasCanvasAndToolbar(probe, board), 10000);
+    QTRY_VERIFY_WITH_TIMEOUT(probe.showsCanvasAndToolbar(board.pid()), 10000);
     QVERIFY(board.send(QByteArray()));
     QVERIFY(board.send(QByteArray()));
     QVERIFY(board.send(R"({"type":"hide"})"));
@@ -85,7 +80,7 @@ void TestBoardBadInputE2e::controlCharactersAreEscapedInTheErrorLine()
 {
     E2eBoard board;
     QVERIFY(board.startWithHost());
-    QTRY_VERIFY_WITH_TIMEOUT(hasCanvasAndToolbar(probe, board), 10000);
+    QTRY_VERIFY_WITH_TIMEOUT(probe.showsCanvasAndToolbar(board.pid()), 10000);
     // A message that would forge a second log line and clear the terminal.
     QVERIFY(board.send("{\"type\":[1],\n\"x\":\"\x1b[2J\"}"));
     const QByteArray line =
@@ -101,7 +96,7 @@ void TestBoardBadInputE2e::brokenIniLineIsReportedWithItsPath()
     const QString ini = board.folder() + QStringLiteral("/config/pallo-board/pallo-boardNew.ini");
     QVERIFY(writeFile(ini, "[General\ntimer=Ctrl+M\\\n"));
     QVERIFY(board.startWithHost());
-    QTRY_VERIFY_WITH_TIMEOUT(hasCanvasAndToolbar(probe, board), 10000);
+    QTRY_VERIFY_WITH_TIMEOUT(probe.showsCanvasAndToolbar(board.pid()), 10000);
     QVERIFY2(
         board.errors().contains("[E] settings file " + ini.toLocal8Bit() + " has a format error"),
         board.errors().constData());

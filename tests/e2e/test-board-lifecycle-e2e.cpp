@@ -34,15 +34,6 @@ private:
     X11Probe probe;
 };
 
-namespace {
-
-bool hasCanvasAndToolbar(const X11Probe& probe, const E2eBoard& board)
-{
-    return probe.canvasOf(board.pid()).id != 0 && probe.toolbarOf(board.pid()).id != 0;
-}
-
-} // namespace
-
 void TestBoardLifecycleE2e::initTestCase()
 {
     QVERIFY(probe.isValid());
@@ -52,7 +43,7 @@ void TestBoardLifecycleE2e::closingThePipeEndsTheBoardWithZero()
 {
     E2eBoard board;
     QVERIFY(board.startWithHost());
-    QTRY_VERIFY_WITH_TIMEOUT(hasCanvasAndToolbar(probe, board), 10000);
+    QTRY_VERIFY_WITH_TIMEOUT(probe.showsCanvasAndToolbar(board.pid()), 10000);
 
     board.closePipe();
     QVERIFY(board.waitForExit(1000));
@@ -75,7 +66,7 @@ void TestBoardLifecycleE2e::pipeNameAloneIsEnough()
     QVERIFY(host.start());
     QVERIFY(board.startBare({option, board.pipePath()}));
     QVERIFY(host.accept(10000));
-    QTRY_VERIFY_WITH_TIMEOUT(hasCanvasAndToolbar(probe, board), 10000);
+    QTRY_VERIFY_WITH_TIMEOUT(probe.showsCanvasAndToolbar(board.pid()), 10000);
 
     host.closeConnection();
     QVERIFY(board.waitForExit(1000));
@@ -129,7 +120,7 @@ void TestBoardLifecycleE2e::secondStartShowsTheFirstToolbarAndEndsWithZero()
 {
     E2eBoard first;
     QVERIFY(first.startWithHost());
-    QTRY_VERIFY_WITH_TIMEOUT(hasCanvasAndToolbar(probe, first), 10000);
+    QTRY_VERIFY_WITH_TIMEOUT(probe.showsCanvasAndToolbar(first.pid()), 10000);
     QVERIFY(first.send(R"({"type":"hide"})"));
     QTRY_VERIFY_WITH_TIMEOUT(probe.viewableWindowsOf(first.pid()).isEmpty(), 5000);
 
@@ -146,12 +137,12 @@ void TestBoardLifecycleE2e::killedBoardIsReplacedByTheNextStart()
 {
     E2eBoard first;
     QVERIFY(first.startWithHost());
-    QTRY_VERIFY_WITH_TIMEOUT(hasCanvasAndToolbar(probe, first), 10000);
+    QTRY_VERIFY_WITH_TIMEOUT(probe.showsCanvasAndToolbar(first.pid()), 10000);
     first.killHard();
 
     std::unique_ptr<E2eBoard> next = first.sibling();
     QVERIFY(next->startWithHost());
-    QTRY_VERIFY_WITH_TIMEOUT(hasCanvasAndToolbar(probe, *next), 10000);
+    QTRY_VERIFY_WITH_TIMEOUT(probe.showsCanvasAndToolbar(next->pid()), 10000);
     QVERIFY(next->running());
 
     next->closePipe();
@@ -163,7 +154,7 @@ void TestBoardLifecycleE2e::oversizedMessageEndsTheLinkLikeAClosedPipe()
 {
     E2eBoard board;
     QVERIFY(board.startWithHost());
-    QTRY_VERIFY_WITH_TIMEOUT(hasCanvasAndToolbar(probe, board), 10000);
+    QTRY_VERIFY_WITH_TIMEOUT(probe.showsCanvasAndToolbar(board.pid()), 10000);
 
     QByteArray message = R"({"type":"hide","padding":")";
     message += QByteArray(2000 - message.size() - 2, 'x');
@@ -179,12 +170,12 @@ void TestBoardLifecycleE2e::textThatIsNotJsonIsIgnored()
 {
     E2eBoard board;
     QVERIFY(board.startWithHost());
-    QTRY_VERIFY_WITH_TIMEOUT(hasCanvasAndToolbar(probe, board), 10000);
+    QTRY_VERIFY_WITH_TIMEOUT(probe.showsCanvasAndToolbar(board.pid()), 10000);
 
     QVERIFY(board.send("this is not json {"));
     QVERIFY(board.send(R"({"type":"Hide"})"));
     QVERIFY(!board.waitForExit(300));
-    QVERIFY(hasCanvasAndToolbar(probe, board));
+    QVERIFY(probe.showsCanvasAndToolbar(board.pid()));
 
     QVERIFY(board.send(R"({"type":"hide"})"));
     QTRY_VERIFY_WITH_TIMEOUT(probe.viewableWindowsOf(board.pid()).isEmpty(), 5000);
@@ -195,7 +186,7 @@ void TestBoardLifecycleE2e::typeThatIsNotTextIsLoggedAndTheBoardGoesOn()
 {
     E2eBoard board;
     QVERIFY(board.startWithHost());
-    QTRY_VERIFY_WITH_TIMEOUT(hasCanvasAndToolbar(probe, board), 10000);
+    QTRY_VERIFY_WITH_TIMEOUT(probe.showsCanvasAndToolbar(board.pid()), 10000);
 
     const QByteArray message = R"({"type":[1]})";
     const QByteArray line =
@@ -203,7 +194,7 @@ void TestBoardLifecycleE2e::typeThatIsNotTextIsLoggedAndTheBoardGoesOn()
     QVERIFY(board.send(message));
     QTRY_VERIFY_WITH_TIMEOUT(board.errors().contains(line), 5000);
     QVERIFY(board.running());
-    QVERIFY(hasCanvasAndToolbar(probe, board));
+    QVERIFY(probe.showsCanvasAndToolbar(board.pid()));
 
     QVERIFY(board.send(R"({"type":"show_or_hide"})"));
     QTRY_VERIFY_WITH_TIMEOUT(probe.viewableWindowsOf(board.pid()).isEmpty(), 5000);
@@ -213,7 +204,7 @@ void TestBoardLifecycleE2e::closingEveryWindowDoesNotEndTheBoard()
 {
     E2eBoard board;
     QVERIFY(board.startWithHost());
-    QTRY_VERIFY_WITH_TIMEOUT(hasCanvasAndToolbar(probe, board), 10000);
+    QTRY_VERIFY_WITH_TIMEOUT(probe.showsCanvasAndToolbar(board.pid()), 10000);
 
     for (const X11Probe::Window& window : probe.viewableWindowsOf(board.pid()))
         probe.requestClose(window.id);
@@ -222,18 +213,18 @@ void TestBoardLifecycleE2e::closingEveryWindowDoesNotEndTheBoard()
 
     // Still listening to its host: the toolbar and canvas come back.
     QVERIFY(board.send(R"({"type":"show_or_hide"})"));
-    QTRY_VERIFY_WITH_TIMEOUT(hasCanvasAndToolbar(probe, board), 5000);
+    QTRY_VERIFY_WITH_TIMEOUT(probe.showsCanvasAndToolbar(board.pid()), 5000);
 }
 
 void TestBoardLifecycleE2e::aNormalRunPrintsNothing()
 {
     E2eBoard board;
     QVERIFY(board.startWithHost());
-    QTRY_VERIFY_WITH_TIMEOUT(hasCanvasAndToolbar(probe, board), 10000);
+    QTRY_VERIFY_WITH_TIMEOUT(probe.showsCanvasAndToolbar(board.pid()), 10000);
 
     for (const char* type : {"show_or_hide", "show_or_hide", "undo", "redo", "trash_can"})
         QVERIFY(board.send(QByteArray("{\"type\":\"") + type + "\"}"));
-    QTRY_VERIFY_WITH_TIMEOUT(hasCanvasAndToolbar(probe, board), 5000);
+    QTRY_VERIFY_WITH_TIMEOUT(probe.showsCanvasAndToolbar(board.pid()), 5000);
     QVERIFY(board.send(R"({"type":"hide"})"));
     QTRY_VERIFY_WITH_TIMEOUT(probe.viewableWindowsOf(board.pid()).isEmpty(), 5000);
 
@@ -248,7 +239,7 @@ void TestBoardLifecycleE2e::debugLinesShowWhenSwitchedOn()
     E2eBoard board;
     board.showDebugLines();
     QVERIFY(board.startWithHost());
-    QTRY_VERIFY_WITH_TIMEOUT(hasCanvasAndToolbar(probe, board), 10000);
+    QTRY_VERIFY_WITH_TIMEOUT(probe.showsCanvasAndToolbar(board.pid()), 10000);
 
     QVERIFY(board.send(R"({"type":"show_or_hide"})"));
     QTRY_VERIFY_WITH_TIMEOUT(probe.viewableWindowsOf(board.pid()).isEmpty(), 5000);

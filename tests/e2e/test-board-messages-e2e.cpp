@@ -26,7 +26,6 @@ private slots:
     void undoAndRedoOfAStroke();
 
 private:
-    bool hasCanvasAndToolbar() const;
     // Picks the pen on the board's own toolbar, as a user would.
     void pickPen();
     void drawStroke();
@@ -56,7 +55,7 @@ void TestBoardMessagesE2e::init()
 {
     board = std::make_unique<E2eBoard>();
     QVERIFY(board->startWithHost());
-    QTRY_VERIFY_WITH_TIMEOUT(hasCanvasAndToolbar(), 10000);
+    QTRY_VERIFY_WITH_TIMEOUT(probe.showsCanvasAndToolbar(board->pid()), 10000);
 }
 
 void TestBoardMessagesE2e::cleanup()
@@ -67,11 +66,6 @@ void TestBoardMessagesE2e::cleanup()
         QCOMPARE(board->exitCode(), 0);
     }
     board.reset();
-}
-
-bool TestBoardMessagesE2e::hasCanvasAndToolbar() const
-{
-    return probe.canvasOf(board->pid()).id != 0 && probe.toolbarOf(board->pid()).id != 0;
 }
 
 void TestBoardMessagesE2e::pickPen()
@@ -112,7 +106,7 @@ void TestBoardMessagesE2e::showOrHideTogglesCanvasAndToolbar()
     QTRY_VERIFY_WITH_TIMEOUT(probe.viewableWindowsOf(board->pid()).isEmpty(), 5000);
 
     QVERIFY(board->send(R"({"type":"show_or_hide"})"));
-    QTRY_VERIFY_WITH_TIMEOUT(hasCanvasAndToolbar(), 5000);
+    QTRY_VERIFY_WITH_TIMEOUT(probe.showsCanvasAndToolbar(board->pid()), 5000);
 }
 
 void TestBoardMessagesE2e::hideHidesAndLeavesHiddenAsItIs()
@@ -125,7 +119,7 @@ void TestBoardMessagesE2e::hideHidesAndLeavesHiddenAsItIs()
     QVERIFY(probe.viewableWindowsOf(board->pid()).isEmpty());
 
     QVERIFY(board->send(R"({"type":"show_or_hide"})"));
-    QTRY_VERIFY_WITH_TIMEOUT(hasCanvasAndToolbar(), 5000);
+    QTRY_VERIFY_WITH_TIMEOUT(probe.showsCanvasAndToolbar(board->pid()), 5000);
 }
 
 void TestBoardMessagesE2e::circleModeTogglesBetweenDesktopOperationAndDrag()
@@ -148,7 +142,7 @@ void TestBoardMessagesE2e::trashCanClearsTheCanvas()
 
     QVERIFY(board->send(R"({"type":"trash_can"})"));
     QTRY_COMPARE_WITH_TIMEOUT(redInStrokeArea(), 0, 5000);
-    QVERIFY(hasCanvasAndToolbar());
+    QVERIFY(probe.showsCanvasAndToolbar(board->pid()));
 }
 
 void TestBoardMessagesE2e::undoAndRedoOfAStroke()

@@ -41,7 +41,6 @@ private slots:
     void storedHotkeysDoNothing();
 
 private:
-    bool hasCanvasAndToolbar() const;
     int windowsTitled(const QString& title) const;
     X11Probe::Window timerWindow() const;
     // Waits until the tool titled title covers the screen, has painted its picture of the
@@ -125,7 +124,7 @@ void TestBoardToolsE2e::init()
             .toJson());
     store.close();
     QVERIFY(board->startWithHost());
-    QTRY_VERIFY_WITH_TIMEOUT(hasCanvasAndToolbar(), 10000);
+    QTRY_VERIFY_WITH_TIMEOUT(probe.showsCanvasAndToolbar(board->pid()), 10000);
     QTRY_COMPARE_WITH_TIMEOUT(probe.toolbarOf(board->pid()).geometry.size(), toolbar.size, 5000);
 }
 
@@ -137,11 +136,6 @@ void TestBoardToolsE2e::cleanup()
         QCOMPARE(board->exitCode(), 0);
     }
     board.reset();
-}
-
-bool TestBoardToolsE2e::hasCanvasAndToolbar() const
-{
-    return probe.canvasOf(board->pid()).id != 0 && probe.toolbarOf(board->pid()).id != 0;
 }
 
 int TestBoardToolsE2e::windowsTitled(const QString& title) const
@@ -219,7 +213,7 @@ void TestBoardToolsE2e::magnifierCoversTheScreenOnceAndClosesByItsButton()
     QVERIFY(xdotool::click(buttonCentre(lens, true)));
     QTRY_COMPARE_WITH_TIMEOUT(windowsTitled("ZoomWidget"), 0, 5000);
     QVERIFY(board->running());
-    QVERIFY(hasCanvasAndToolbar());
+    QVERIFY(probe.showsCanvasAndToolbar(board->pid()));
 
     // A fresh one opens on the next request.
     QVERIFY(board->send(R"({"type":"zoom"})"));
@@ -343,7 +337,7 @@ void TestBoardToolsE2e::timerMessageTogglesTheTimerWindow()
     keepPicture(probe.grabScreen(), "tools-e2e-timer");
     QVERIFY(board->send(R"({"type":"timer"})"));
     QTRY_VERIFY_WITH_TIMEOUT(timerWindow().id == 0, 5000);
-    QVERIFY(hasCanvasAndToolbar());
+    QVERIFY(probe.showsCanvasAndToolbar(board->pid()));
 }
 
 // The settings hold Ctrl+M for the timer, Ctrl+B for the magnifier and Alt+S for the

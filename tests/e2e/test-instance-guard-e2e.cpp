@@ -42,11 +42,6 @@ private:
 
 namespace {
 
-bool hasCanvasAndToolbar(const X11Probe& probe, const E2eBoard& board)
-{
-    return probe.canvasOf(board.pid()).id != 0 && probe.toolbarOf(board.pid()).id != 0;
-}
-
 QString blockNameOf(const E2eBoard& board)
 {
     InstanceIdentity identity;
@@ -194,7 +189,7 @@ void TestInstanceGuardE2e::silentConnectionsDoNotLetASecondBoardStart()
     // and lose its server.
     E2eBoard first;
     QVERIFY(withFileLimit(128, [&first]() { return first.startWithHost(); }));
-    QTRY_VERIFY_WITH_TIMEOUT(hasCanvasAndToolbar(probe, first), 10000);
+    QTRY_VERIFY_WITH_TIMEOUT(probe.showsCanvasAndToolbar(first.pid()), 10000);
     const QString server = instanceServerName(
         first.folder() + QStringLiteral("/pallo-board-instance"), blockNameOf(first));
     QVERIFY(QFileInfo::exists(server));
@@ -230,7 +225,7 @@ void TestInstanceGuardE2e::lostServerDoesNotLetASecondBoardStart()
 {
     E2eBoard first;
     QVERIFY(first.startWithHost());
-    QTRY_VERIFY_WITH_TIMEOUT(hasCanvasAndToolbar(probe, first), 10000);
+    QTRY_VERIFY_WITH_TIMEOUT(probe.showsCanvasAndToolbar(first.pid()), 10000);
     const QString server = instanceServerName(
         first.folder() + QStringLiteral("/pallo-board-instance"), blockNameOf(first));
     QVERIFY(QFile::remove(server));
@@ -264,7 +259,7 @@ void TestInstanceGuardE2e::folderOfAnotherUserIsNotUsed()
     QVERIFY(squatter.isReady());
 
     QVERIFY(first.startWithHost());
-    QTRY_VERIFY_WITH_TIMEOUT(hasCanvasAndToolbar(probe, first), 10000);
+    QTRY_VERIFY_WITH_TIMEOUT(probe.showsCanvasAndToolbar(first.pid()), 10000);
     {
         const QString why = secondStartShowsTheFirst(probe, first);
         QVERIFY2(why.isEmpty(), qPrintable(why));

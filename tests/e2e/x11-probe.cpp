@@ -165,6 +165,11 @@ X11Probe::Window X11Probe::toolbarOf(qint64 pid) const
     return Window();
 }
 
+bool X11Probe::showsCanvasAndToolbar(qint64 pid) const
+{
+    return canvasOf(pid).id != 0 && toolbarOf(pid).id != 0;
+}
+
 X11Probe::Window X11Probe::windowTitled(qint64 pid, const QString& title) const
 {
     for (const Window& window : viewableWindowsOf(pid)) {

@@ -37,6 +37,8 @@ public:
     Window canvasOf(qint64 pid) const;
     // The viewable window of pid smaller than the screen (the toolbar), or one with id 0.
     Window toolbarOf(qint64 pid) const;
+    // The board with this process id has both its canvas and its toolbar on screen.
+    bool showsCanvasAndToolbar(qint64 pid) const;
     // The viewable window of pid with this title, or one with id 0.
     Window windowTitled(qint64 pid, const QString& title) const;
 
