@@ -46,7 +46,7 @@ void TestBoardLifecycleE2e::closingThePipeEndsTheBoardWithZero()
     QTRY_VERIFY_WITH_TIMEOUT(probe.showsCanvasAndToolbar(board.pid()), 10000);
 
     board.closePipe();
-    QVERIFY(board.waitForExit(1000));
+    QVERIFY(board.waitForExit(5000));
     QCOMPARE(board.exitCode(), 0);
 }
 
@@ -69,7 +69,7 @@ void TestBoardLifecycleE2e::pipeNameAloneIsEnough()
     QTRY_VERIFY_WITH_TIMEOUT(probe.showsCanvasAndToolbar(board.pid()), 10000);
 
     host.closeConnection();
-    QVERIFY(board.waitForExit(1000));
+    QVERIFY(board.waitForExit(5000));
     QCOMPARE(board.exitCode(), 0);
 }
 
@@ -146,7 +146,7 @@ void TestBoardLifecycleE2e::killedBoardIsReplacedByTheNextStart()
     QVERIFY(next->running());
 
     next->closePipe();
-    QVERIFY(next->waitForExit(1000));
+    QVERIFY(next->waitForExit(5000));
     QCOMPARE(next->exitCode(), 0);
 }
 
@@ -162,7 +162,7 @@ void TestBoardLifecycleE2e::oversizedMessageEndsTheLinkLikeAClosedPipe()
     QCOMPARE(message.size(), 2000);
     QVERIFY(board.send(message));
 
-    QVERIFY(board.waitForExit(1000));
+    QVERIFY(board.waitForExit(5000));
     QCOMPARE(board.exitCode(), 0);
 }
 
@@ -229,7 +229,7 @@ void TestBoardLifecycleE2e::aNormalRunPrintsNothing()
     QTRY_VERIFY_WITH_TIMEOUT(probe.viewableWindowsOf(board.pid()).isEmpty(), 5000);
 
     board.closePipe();
-    QVERIFY(board.waitForExit(1000));
+    QVERIFY(board.waitForExit(5000));
     QCOMPARE(board.exitCode(), 0);
     QCOMPARE(board.errors(), QByteArray());
 }
@@ -272,7 +272,7 @@ void TestBoardLifecycleE2e::toolkitOptionsReachQtAndKeepTheLanguage()
     QCOMPARE(probe.mapsCounted(), 0);
     QVERIFY(board.running());
     board.closePipe();
-    QVERIFY(board.waitForExit(1000));
+    QVERIFY(board.waitForExit(5000));
     QCOMPARE(board.exitCode(), 0);
 }
 

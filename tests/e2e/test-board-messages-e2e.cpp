@@ -62,7 +62,7 @@ void TestBoardMessagesE2e::cleanup()
 {
     if (board) {
         board->closePipe();
-        QVERIFY(board->waitForExit(1000));
+        QVERIFY(board->waitForExit(5000));
         QCOMPARE(board->exitCode(), 0);
     }
     board.reset();

@@ -107,7 +107,7 @@ void TestDesktopE2e::cleanupTestCase()
 {
     if (board) {
         board->closePipe();
-        QVERIFY(board->waitForExit(2000));
+        QVERIFY(board->waitForExit(5000));
     }
     board.reset();
     program.kill();

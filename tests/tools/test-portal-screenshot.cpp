@@ -101,6 +101,11 @@ void TestPortalScreenshot::cleanup()
 void TestPortalScreenshot::startPortal(const QStringList& args)
 {
     portal.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    // The portal is stopped with a signal and cannot clean up after itself: its files go
+    // into the test's own folder.
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("TMPDIR"), dir.path());
+    portal.setProcessEnvironment(environment);
     portal.start(QCoreApplication::applicationDirPath() + "/fake-screenshot-portal", args);
     QVERIFY(portal.waitForStarted());
     QDBusConnectionInterface* names = QDBusConnection::sessionBus().interface();
