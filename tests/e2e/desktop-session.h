@@ -31,6 +31,8 @@ public:
 
 private:
     bool ready() const;
+    // A private D-Bus session bus; its address, or an empty string.
+    QString startSessionBus();
 
     QString m_kind;
     QList<QProcess*> m_programs;
