@@ -5,6 +5,8 @@
 #include <QDir>
 #include <QFile>
 #include <QObject>
+#include <QRegularExpression>
+#include <QTest>
 
 #include <signal.h>
 
@@ -26,11 +28,13 @@ E2eBoard::~E2eBoard()
 {
     if (process_.state() != QProcess::NotRunning) {
         closePipe();
-        if (!process_.waitForFinished(2000)) {
-            process_.kill();
-            process_.waitForFinished(2000);
-        }
+        // A board built with the sanitizers takes a while longer to end.
+        if (!process_.waitForFinished(5000))
+            killHard();
     }
+    const QString problem = trouble();
+    if (!problem.isEmpty())
+        QTest::qFail(qPrintable(problem), __FILE__, __LINE__);
 }
 
 std::unique_ptr<E2eBoard> E2eBoard::sibling() const
@@ -146,6 +150,24 @@ QByteArray E2eBoard::errors()
 
 void E2eBoard::killHard()
 {
+    killed_ = true;
     ::kill(static_cast<pid_t>(process_.processId()), SIGKILL);
     process_.waitForFinished(5000);
+}
+
+QString E2eBoard::trouble()
+{
+    const QByteArray text = errors();
+    // AddressSanitizer's report and UBSan's, whichever way their options let the board go on.
+    static const QRegularExpression report(
+        QStringLiteral("ERROR: \\w+Sanitizer|: runtime error: "));
+    const int at = QString::fromLocal8Bit(text).indexOf(report);
+    if (at >= 0)
+        return QStringLiteral("the board wrote a sanitizer report:\n") +
+               QString::fromLocal8Bit(text).mid(at, 6000);
+    if (!killed_ && process_.state() == QProcess::NotRunning &&
+        process_.exitStatus() == QProcess::CrashExit)
+        return QStringLiteral("the board crashed; its last words:\n") +
+               QString::fromLocal8Bit(text.right(3000));
+    return QString();
 }

@@ -18,6 +18,8 @@
 // Every E2eBoard runs its own copy of the program from a folder of its own, with its
 // own settings and pipe, so tests running side by side never meet as one another's
 // first instance. Boards made with sibling() share the copy, and so meet.
+// A board that crashes without the test killing it, or writes a sanitizer report, fails
+// the test function that made it, whatever that function checks itself.
 class E2eBoard
 {
 public:
@@ -63,6 +65,9 @@ public:
     qint64 lifetimeMs() const { return lifetime_; }
     QByteArray errors();
     void killHard();
+    // Why the run was not clean (a crash the test did not cause, a sanitizer report on
+    // standard error), or empty.
+    QString trouble();
 
 private:
     E2eBoard(std::shared_ptr<QTemporaryDir> dir, QString program, QString pipeFile);
@@ -78,5 +83,6 @@ private:
     qint64 lifetime_ = -1;
     QByteArray errors_;
     bool debugLines_ = false;
+    bool killed_ = false;
     QHash<QString, QString> extraEnv_;
 };
