@@ -95,9 +95,10 @@ void TestBoardMessagesE2e::startShowsCanvasAndToolbarInDesktopOperation()
     QCOMPARE(canvas.geometry, QRect(0, 0, 1920, 1080));
     const X11Probe::Window toolbar = probe.toolbarOf(board->pid());
     QVERIFY(toolbar.geometry.intersects(canvas.geometry));
-    QVERIFY(probe.stackedAbove(toolbar.id, canvas.id));
+    // The toolbar is raised over the canvas once both are mapped, a moment after.
+    QTRY_VERIFY_WITH_TIMEOUT(probe.stackedAbove(toolbar.id, canvas.id), 5000);
     // The select tool is on: clicks go through the canvas to the desktop.
-    QVERIFY(probe.inputShapeEmpty(canvas.id));
+    QTRY_VERIFY_WITH_TIMEOUT(probe.inputShapeEmpty(canvas.id), 5000);
 }
 
 void TestBoardMessagesE2e::showOrHideTogglesCanvasAndToolbar()
