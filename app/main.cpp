@@ -3,6 +3,10 @@
 #include "app/board-app.h"
 #include "app/font-fallback.h"
 #include "app/pallo-translator.h"
+#ifdef Q_OS_UNIX
+#include "app/pointer-press-fix.h"
+#include "common/over-canvas-stacking.h"
+#endif
 #include "bridge/bridge.h"
 #include "common/scale-factor.h"
 #include "pallo-version.h"
@@ -51,6 +55,10 @@ int main(int argc, char* argv[])
     } else {
         // The board lives until its host goes away, whatever happens to its windows.
         QGuiApplication::setQuitOnLastWindowClosed(false);
+#ifdef Q_OS_UNIX
+        PointerPressFix::install();
+        OverCanvasStacking::install();
+#endif
         installFontFallbacks();
         const std::string language = options.value("language", bg::Value("")).toStdString();
         auto translator = std::make_unique<PalloTranslator>(QString::fromLatin1(language.c_str()));
