@@ -9,7 +9,7 @@
 QString instanceBlockName(const InstanceIdentity& identity, int options)
 {
     QCryptographicHash hash(QCryptographicHash::Sha256);
-    hash.addData("SingleApplication", 17);
+    hash.addData(QByteArrayLiteral("SingleApplication"));
     hash.addData(identity.applicationName.toUtf8());
     hash.addData(identity.organizationName.toUtf8());
     hash.addData(identity.organizationDomain.toUtf8());

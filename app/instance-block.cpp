@@ -2,13 +2,16 @@
 // SPDX-License-Identifier: MIT
 #include "app/instance-block.h"
 
+#include "app/instance-checksum.h"
+
 #include <QByteArray>
 
 #include <cstring>
 
 quint16 instanceBlockChecksum(const InstanceBlock& block)
 {
-    return qChecksum(reinterpret_cast<const char*>(&block), offsetof(InstanceBlock, checksum));
+    return instanceChecksum(reinterpret_cast<const char*>(&block),
+                            offsetof(InstanceBlock, checksum));
 }
 
 bool instanceBlockIsConsistent(const InstanceBlock& block)

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/instance-handshake.h"
 
+#include "app/instance-checksum.h"
+
 #include <QDataStream>
 #include <QIODevice>
 
@@ -20,7 +22,7 @@ QByteArray encodeInstanceHandshakeMessage(const QString& blockName, ConnectionTy
     stream << blockName.toLatin1();
     stream << static_cast<quint8>(type);
     stream << instanceNumber;
-    const quint16 checksum = qChecksum(message.constData(), static_cast<uint>(message.size()));
+    const quint16 checksum = instanceChecksum(message.constData(), message.size());
     stream << checksum;
     return message;
 }
@@ -61,7 +63,7 @@ bool decodeInstanceHandshake(const QByteArray& message, const QString& blockName
     if (QString::fromLatin1(name.constData()) != blockName) {
         return false;
     }
-    if (checksum != qChecksum(message.constData(), static_cast<uint>(message.size() - 2))) {
+    if (checksum != instanceChecksum(message.constData(), message.size() - 2)) {
         return false;
     }
     handshake->type = static_cast<ConnectionType>(type);

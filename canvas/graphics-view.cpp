@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "canvas/graphics-view.h"
 
-#include "common/board-settings.h"
 #include "canvas/common-item.h"
 #include "canvas/cursor-image.h"
 #include "canvas/d-data.h"
@@ -12,6 +11,8 @@
 #include "canvas/ink-layer.h"
 #include "canvas/operate-item.h"
 #include "canvas/pass-through.h"
+#include "common/board-settings.h"
+#include "common/event-position.h"
 #include "common/window-layering.h"
 #include "toolbar/ctrl-form.h"
 #include "toolbar/toolbar-geometry.h"
@@ -292,7 +293,7 @@ void GraphicsView::passState(const char* state, const QPointF& scenePos)
 
 void GraphicsView::tabletEvent(QTabletEvent* event)
 {
-    const QPointF viewportPos = event->posF() - QPointF(viewport()->pos());
+    const QPointF viewportPos = event_position::local(event) - QPointF(viewport()->pos());
     const QPointF scenePos = toScene(viewportPos);
     const bool routed = m_manager && event->button() == Qt::LeftButton && !m_chooseMode;
 
@@ -368,8 +369,8 @@ void GraphicsView::forwardAsMouse(QTabletEvent* event, const QPointF& viewportPo
     } else if (m_penDown) {
         buttons |= Qt::LeftButton;
     }
-    QMouseEvent mouse(type, viewportPos, viewportPos, event->globalPosF(), button, buttons,
-                      event->modifiers(), Qt::MouseEventSynthesizedByApplication);
+    QMouseEvent mouse(type, viewportPos, viewportPos, event_position::global(event), button,
+                      buttons, event->modifiers(), Qt::MouseEventSynthesizedByApplication);
     if (type == QEvent::MouseButtonPress)
         QGraphicsView::mousePressEvent(&mouse);
     else if (type == QEvent::MouseButtonRelease)
@@ -390,7 +391,7 @@ void GraphicsView::mousePressEvent(QMouseEvent* event)
         attachHandlesAt(event->pos());
     } else if (m_manager && event->button() == Qt::LeftButton && !m_chooseMode &&
                !textItemUnderCursor(event->pos())) {
-        passState("press", toScene(event->localPos()));
+        passState("press", toScene(event_position::local(event)));
         m_mouseDrawing = true;
     }
     QGraphicsView::mousePressEvent(event);
@@ -403,7 +404,7 @@ void GraphicsView::mouseMoveEvent(QMouseEvent* event)
         return;
     }
     if (!m_dragMode && m_manager && m_mouseDrawing)
-        passState("move", toScene(event->localPos()));
+        passState("move", toScene(event_position::local(event)));
     QGraphicsView::mouseMoveEvent(event);
 }
 
@@ -415,7 +416,7 @@ void GraphicsView::mouseReleaseEvent(QMouseEvent* event)
     }
     if (!m_dragMode && m_manager && event->button() == Qt::LeftButton && !m_chooseMode &&
         !textItemUnderCursor(event->pos())) {
-        passState("release", toScene(event->localPos()));
+        passState("release", toScene(event_position::local(event)));
         m_mouseDrawing = false;
     }
     QGraphicsView::mouseReleaseEvent(event);

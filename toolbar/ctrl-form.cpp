@@ -4,6 +4,7 @@
 
 #include "canvas/graphics-view.h"
 #include "common/board-settings.h"
+#include "common/event-position.h"
 #include "common/scale-factor.h"
 #include "common/window-layering.h"
 #include "logging/log-categories.h"
@@ -586,7 +587,7 @@ void CtrlForm::mousePressEvent(QMouseEvent* event)
 {
     if (event->button() == Qt::LeftButton) {
         const QRect g = globalFrame();
-        m_dragOffset = event->globalPos() - g.center();
+        m_dragOffset = event_position::global(event) - g.center();
         m_dragging = true;
         m_dragScreen = QGuiApplication::screens().indexOf(screenAtOrPrimary(g.center()));
     }
@@ -597,7 +598,7 @@ void CtrlForm::mouseMoveEvent(QMouseEvent* event)
 {
     if (m_dragging) {
         QRect g = globalFrame();
-        g.moveCenter(event->globalPos() - m_dragOffset);
+        g.moveCenter(event_position::global(event) - m_dragOffset);
         moveGlobalFrame(g.topLeft());
     }
     QWidget::mouseMoveEvent(event);

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "tools/frame-drag.h"
 
+#include "common/event-position.h"
+
 #include <QMouseEvent>
 #include <QWidget>
 
@@ -11,7 +13,7 @@ void FrameDrag::press(const QRect& frame, const QMouseEvent* event)
         return;
     pressed = true;
     pressCentre = frame.center();
-    dragOffset = event->globalPos() - frame.center();
+    dragOffset = event_position::global(event) - frame.center();
 }
 
 void FrameDrag::hover(QWidget* tool, const QRect& frame, const QPoint& cursor)

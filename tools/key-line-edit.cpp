@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "tools/key-line-edit.h"
 
+#include "tools/key-combination.h"
+
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QKeySequence>
@@ -110,8 +112,8 @@ void KeyLineEdit::setKey(int key)
 void KeyLineEdit::setKeyText(const QString& text)
 {
     const QKeySequence sequence = QKeySequence::fromString(text, QKeySequence::PortableText);
-    m_key =
-        sequence.isEmpty() ? int(Qt::Key_unknown) : int(sequence[0] & ~Qt::KeyboardModifierMask);
+    m_key = sequence.isEmpty() ? int(Qt::Key_unknown)
+                               : combinedKey(sequence, 0) & ~Qt::KeyboardModifierMask;
     setText(text);
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/pix-label.h"
 
+#include "common/event-position.h"
 #include "common/window-layering.h"
 #include "tools/frame-handles.h"
 
@@ -39,7 +40,7 @@ void PixLabel::slot_abelclose()
 void PixLabel::mousePressEvent(QMouseEvent* event)
 {
     if (event->button() == Qt::LeftButton) {
-        dragOffset = event->globalPos() - frameGeometry().center();
+        dragOffset = event_position::global(event) - frameGeometry().center();
         dragging = true;
     }
     QWidget::mousePressEvent(event);
@@ -49,7 +50,7 @@ void PixLabel::mouseMoveEvent(QMouseEvent* event)
 {
     if (dragging) {
         QRect frame = frameGeometry();
-        frame.moveCenter(event->globalPos() - dragOffset);
+        frame.moveCenter(event_position::global(event) - dragOffset);
         setGeometry(frame);
     }
     // Handing moves to the release handler is how this window has always behaved.

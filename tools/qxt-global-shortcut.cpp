@@ -3,6 +3,7 @@
 #include "tools/qxt-global-shortcut.h"
 
 #include "tools/global-key-grab.h"
+#include "tools/key-combination.h"
 
 #include <QDebug>
 
@@ -20,7 +21,7 @@ bool QxtGlobalShortcut::setShortcut(const QKeySequence& shortcut)
         return false;
     }
     m_shortcut = QKeySequence();
-    const int combination = shortcut.isEmpty() ? 0 : shortcut[0];
+    const int combination = shortcut.isEmpty() ? 0 : combinedKey(shortcut, 0);
     const auto key = static_cast<Qt::Key>(combination & ~Qt::KeyboardModifierMask);
     const auto modifiers = Qt::KeyboardModifiers(combination & Qt::KeyboardModifierMask);
     if (combination == 0 || !m_grab->grab(key, modifiers)) {

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/screen-shot-widget.h"
 
+#include "common/event-position.h"
 #include "logging/log-categories.h"
 #include "tools/activation-grab.h"
 #include "tools/frame-handles.h"
@@ -143,7 +144,7 @@ void screenShotWidget::mouseReleaseEvent(QMouseEvent*)
 
 void screenShotWidget::mouseMoveEvent(QMouseEvent* event)
 {
-    const QPoint g = event->globalPos();
+    const QPoint g = event_position::global(event);
     if (!drag.pressed) {
         drag.hover(this, selection, g);
         return;

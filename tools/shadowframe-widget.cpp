@@ -2,10 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "tools/shadowframe-widget.h"
 
+#include "common/event-position.h"
+#include "common/ini-store-status.h"
 #include "common/scale-factor.h"
 #include "common/style-sheet-loader.h"
 #include "logging/log-categories.h"
-#include "common/ini-store-status.h"
 #include "ui_shadowframe-widget.h"
 
 #include <QCoreApplication>
@@ -223,7 +224,7 @@ QPoint shadowframeWidget::frameCentre() const
 void shadowframeWidget::mousePressEvent(QMouseEvent* event)
 {
     if (event->button() == Qt::LeftButton) {
-        dragOffset = event->globalPos() - frameCentre();
+        dragOffset = event_position::global(event) - frameCentre();
         dragging = true;
     }
     QWidget::mousePressEvent(event);
@@ -232,7 +233,7 @@ void shadowframeWidget::mousePressEvent(QMouseEvent* event)
 void shadowframeWidget::mouseMoveEvent(QMouseEvent* event)
 {
     if (dragging)
-        move(pos() + (event->globalPos() - dragOffset) - frameCentre());
+        move(pos() + (event_position::global(event) - dragOffset) - frameCentre());
     QWidget::mouseMoveEvent(event);
 }
 

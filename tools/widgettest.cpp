@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/widgettest.h"
 
+#include "common/event-position.h"
 #include "common/scale-factor.h"
 #include "common/style-sheet-loader.h"
 #include "logging/log-categories.h"
@@ -269,17 +270,17 @@ void Widgettest::mousePressEvent(QMouseEvent* event)
     if (event->buttons() == Qt::LeftButton && isFull()) {
         leaveFullScreen(countdownFull ? Page::Countdown : Page::Clock);
         // Keeps the restored window under the pointer if the press turns into a drag.
-        dragOffset = event->globalPos() - frameGeometry().center();
+        dragOffset = event_position::global(event) - frameGeometry().center();
         return;
     }
     moved = false;
-    dragOffset = event->globalPos() - frameGeometry().center();
+    dragOffset = event_position::global(event) - frameGeometry().center();
 }
 
 void Widgettest::mouseMoveEvent(QMouseEvent* event)
 {
     QRect frame = frameGeometry();
-    frame.moveCenter(event->globalPos() - dragOffset);
+    frame.moveCenter(event_position::global(event) - dragOffset);
     move(frame.topLeft());
     moved = true;
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/zoom-widget.h"
 
+#include "common/event-position.h"
 #include "tools/activation-grab.h"
 #include "tools/frame-handles.h"
 #include "tools/lens-geometry.h"
@@ -113,7 +114,7 @@ void ZoomWidget::mouseReleaseEvent(QMouseEvent*)
 
 void ZoomWidget::mouseMoveEvent(QMouseEvent* event)
 {
-    const QPoint g = event->globalPos();
+    const QPoint g = event_position::global(event);
     if (!drag.pressed) {
         drag.hover(this, lens, g);
     } else if (drag.dragMode == Move) {

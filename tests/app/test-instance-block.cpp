@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 pallo-board developers
 // SPDX-License-Identifier: MIT
 #include "app/instance-block.h"
+#include "app/instance-checksum.h"
 
 #include <QByteArray>
 #include <QtTest>
@@ -38,10 +39,10 @@ void TestInstanceBlock::checksumCoversTheFirst144Bytes()
     block.secondary = 7;
     sealInstanceBlock(block);
     const char* bytes = reinterpret_cast<const char*>(&block);
-    QCOMPARE(block.checksum, qChecksum(bytes, 144));
+    QCOMPARE(block.checksum, instanceChecksum(bytes, 144));
     quint16 stored = 0;
     std::memcpy(&stored, bytes + 144, 2);
-    QCOMPARE(stored, qChecksum(bytes, 144));
+    QCOMPARE(stored, instanceChecksum(bytes, 144));
 }
 
 void TestInstanceBlock::everyByteBeforeTheChecksumCounts()

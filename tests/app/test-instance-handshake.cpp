@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 pallo-board developers
 // SPDX-License-Identifier: MIT
+#include "app/instance-checksum.h"
 #include "app/instance-handshake.h"
 
 #include <QtTest>
@@ -90,7 +91,7 @@ void TestInstanceHandshake::nameIsComparedUpToItsFirstNul()
     QDataStream stream(&message, QIODevice::WriteOnly);
     stream.setVersion(QDataStream::Qt_5_6);
     stream << QByteArray("mine\0tail", 9) << quint8(2) << quint32(5);
-    stream << qChecksum(message.constData(), static_cast<uint>(message.size()));
+    stream << instanceChecksum(message.constData(), message.size());
     InstanceHandshake handshake;
     QVERIFY(decodeInstanceHandshake(message, "mine", &handshake));
     QCOMPARE(handshake.instanceNumber, 5u);

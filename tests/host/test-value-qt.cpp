@@ -12,7 +12,7 @@ namespace {
 
 bg::ValueQt fromVariant(const QVariant& v)
 {
-    switch (static_cast<QMetaType::Type>(v.type())) {
+    switch (static_cast<QMetaType::Type>(v.userType())) {
     case QMetaType::QString:
         return bg::ValueQt(v.toString());
     case QMetaType::QRectF:
