@@ -24,7 +24,7 @@
 
 namespace {
 // The screenshot tool's own flag: the magnifier's activations do not count here.
-bool screenPictureTaken = false;
+ActivationPicture screenPictureTaken;
 
 QRect screenGeometryAt(const QPoint& point)
 {
@@ -51,7 +51,7 @@ screenShotWidget::screenShotWidget(QWidget* parent) : QDialog(parent), ui(new Ui
     prepareTool(this, ui->pushButton_screenshot, ui->pushButton_screenshot_close);
     // A tool closed while it was active never saw its deactivation; the new one must still
     // take its picture on its first activation.
-    screenPictureTaken = false;
+    screenPictureTaken = ActivationPicture();
 }
 
 screenShotWidget::~screenShotWidget()

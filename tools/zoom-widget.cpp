@@ -16,7 +16,7 @@
 
 namespace {
 // One picture per activation for every magnifier of the process.
-bool zoomPictureTaken = false;
+ActivationPicture zoomPictureTaken;
 } // namespace
 
 using namespace frame_handles;
@@ -34,6 +34,9 @@ ZoomWidget::ZoomWidget(QWidget* parent) : QDialog(parent), ui(new Ui::ZoomWidget
     placeButtons();
     prepareTool(this, ui->pushButton_zoom_turnoff, ui->pushButton_zoom_close);
     updateTurnoffToolTip();
+    // A magnifier closed while it was active never saw its deactivation; the new one must
+    // still take its picture on its first activation.
+    zoomPictureTaken = ActivationPicture();
 }
 
 ZoomWidget::~ZoomWidget()

@@ -22,10 +22,8 @@
 
 // The host's tool messages sent to a real board, and the tools as a user meets them on
 // screen: the magnifier, the screenshot with its file, clipboard and pinned picture, and
-// the timer window; and the stored hotkeys, which the board never registers. Run by hand
-// with PALLO_DESKTOP_WM set (see desktop-session.h), it tries the tools under a window
-// manager: there the still picture the screenshot tool takes can still miss what the
-// compositor had not painted yet, so those runs are not part of the suite.
+// the timer window; and the stored hotkeys, which the board never registers. With
+// PALLO_DESKTOP_WM set (see desktop-session.h) it tries the tools under that desktop.
 class TestBoardToolsE2e : public QObject
 {
     Q_OBJECT
