@@ -34,6 +34,7 @@ constexpr int kRootX = 36;
 constexpr int kRootY = 40;
 constexpr int kEventX = 44;
 constexpr int kEventY = 48;
+constexpr int kSource = 56;
 
 template <typename T> T field(const unsigned char* event, int offset)
 {
@@ -95,15 +96,18 @@ PointerPressFix::Outcome PointerPressFix::correct(void* message)
     const auto time = field<uint32_t>(event, kTime);
     const bool leftForReal = m_left && (rootX != m_leaveX || rootY != m_leaveY);
     if (device != m_device) {
-        // The pointer device's own press, which XWayland reports where the pointer really
-        // is and which reaches the root window: when it lies in the window of the last
-        // motion, it stands in for the master pointer's (whose stale place may have taken
-        // the pointer out of that window first). Its release may come from a stale place
-        // again, and ends the press where the last motion left the pointer.
-        if (window != m_root || !m_known)
+        // The pointer device's own press (its own source), which XWayland reports where
+        // the pointer really is and which reaches the root window, or the board's window
+        // where the toolkit asks for every device's events there (Qt 6): when it lies in
+        // the window of the last motion, it stands in for the master pointer's (whose
+        // stale place may have taken the pointer out of that window first). Its release
+        // may come from a stale place again, and ends the press where the last motion left
+        // the pointer.
+        if (!m_known || field<uint16_t>(event, kSource) != device ||
+            (window != m_root && window != m_window))
             return Kept;
         if (type == kButtonPress) {
-            if (field<uint32_t>(event, kChild) != m_window)
+            if (window == m_root && field<uint32_t>(event, kChild) != m_window)
                 return Kept;
             m_standInDown = true;
             moveTo(event, rootX, rootY);

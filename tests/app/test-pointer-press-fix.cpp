@@ -16,6 +16,8 @@ constexpr uint32_t kRoot = 0x528;
 constexpr uint32_t kToolbar = 0x40000a;
 const QPoint kToolbarOrigin(987, 0);
 constexpr uint16_t kMaster = 2;
+// The pointer device beneath the master pointer.
+constexpr uint16_t kPointerDevice = 8;
 constexpr uint16_t kPress = 4;
 constexpr uint16_t kRelease = 5;
 constexpr uint16_t kMotion = 6;
@@ -51,7 +53,11 @@ struct Event
         std::memcpy(&value, bytes.data() + offset, sizeof value);
         return value;
     }
+    // The device whose own event this is (the master pointer's copies carry it too).
+    void setSource(uint16_t device) { put<uint16_t>(56, device); }
+    void setChild(uint32_t child) { put<uint32_t>(28, child); }
     void* data() { return bytes.data(); }
+    uint16_t device() const { return get<uint16_t>(10); }
     uint32_t window() const { return get<uint32_t>(24); }
     QPoint root() const { return QPoint(get<int32_t>(36) / 65536, get<int32_t>(40) / 65536); }
     QPoint local() const { return QPoint(get<int32_t>(44) / 65536, get<int32_t>(48) / 65536); }
@@ -68,6 +74,8 @@ private slots:
     void dragOfAPressOnTheRootFollowsToo();
     void otherEventsStayAsTheyAre();
     void leavingForTheStalePlaceIsNoLeaving();
+    void devicesOwnPressStandsInForTheMasterPointers_data();
+    void devicesOwnPressStandsInForTheMasterPointers();
 };
 
 void TestPointerPressFix::pressFollowsTheMotionBeforeIt_data()
@@ -173,6 +181,55 @@ void TestPointerPressFix::leavingForTheStalePlaceIsNoLeaving()
     QVERIFY(fix.correct(press.data()));
     QCOMPARE(press.window(), kToolbar);
     QCOMPARE(press.root(), QPoint(1100, 39));
+}
+
+void TestPointerPressFix::devicesOwnPressStandsInForTheMasterPointers_data()
+{
+    QTest::addColumn<uint32_t>("window");
+    QTest::addColumn<uint32_t>("child");
+    QTest::addColumn<uint16_t>("source");
+    QTest::addColumn<bool>("standsIn");
+
+    // Qt 5 asks for no device's own events on its windows: the press reaches the root.
+    QTest::newRow("on the root, over the window") << kRoot << kToolbar << kPointerDevice << true;
+    // Qt 6 asks for every device's events on its windows.
+    QTest::newRow("on the window") << kToolbar << 0u << kPointerDevice << true;
+    QTest::newRow("on the root, over another window")
+        << kRoot << 0x600001u << kPointerDevice << false;
+    QTest::newRow("on another window") << 0x600001u << 0u << kPointerDevice << false;
+    QTest::newRow("another master pointer's")
+        << kToolbar << 0u << uint16_t(kPointerDevice + 1) << false;
+}
+
+void TestPointerPressFix::devicesOwnPressStandsInForTheMasterPointers()
+{
+    QFETCH(uint32_t, window);
+    QFETCH(uint32_t, child);
+    QFETCH(uint16_t, source);
+    QFETCH(bool, standsIn);
+
+    PointerPressFix fix(kOpcode, kRoot);
+    Event motion(kMotion, QPoint(1100, 39));
+    fix.correct(motion.data());
+
+    Event own(kPress, QPoint(1105, 41), window, kPointerDevice);
+    own.setSource(source);
+    own.setChild(child);
+    QCOMPARE(fix.correct(own.data()) == PointerPressFix::Changed, standsIn);
+    if (!standsIn) {
+        QCOMPARE(own.device(), kPointerDevice);
+        return;
+    }
+    // Handed on as the master pointer's press, where the device says the pointer is.
+    QCOMPARE(own.device(), kMaster);
+    QCOMPARE(own.window(), kToolbar);
+    QCOMPARE(own.root(), QPoint(1105, 41));
+    QCOMPARE(own.local(), QPoint(1105, 41) - kToolbarOrigin);
+
+    // The master pointer's copy of the same press, from its stale place, is dropped.
+    Event copy(kPress, QPoint(1200, 0), kToolbar);
+    copy.setSource(kPointerDevice);
+    QCOMPARE(fix.correct(copy.data()), PointerPressFix::Dropped);
 }
 
 QTEST_APPLESS_MAIN(TestPointerPressFix)
