@@ -2,6 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "common/window-layering.h"
 
+#ifndef Q_OS_WIN
+#include "common/window-manager-name.h"
+#endif
+
 #include <QGuiApplication>
 #include <QScreen>
 #include <QWidget>
@@ -22,11 +26,23 @@
 // beneath the canvas, openbox never gave the overlay the focus it waits for); unmanaged,
 // they take the focus themselves when shown. The timer window and the settings panel are
 // transient for the canvas, which keeps them above it as well.
+//
+// weston's X window manager (weston 10) puts a managed frameless window inside a frame
+// with a margin for its shadow and places that frame by its own rules, whatever position
+// the window asks for: the canvas lay 64 pixels in from the screen's top-left corner, hung
+// over the other edges and had a shadow drawn along it. So there the canvas bypasses the
+// window manager too, which places an unmanaged window exactly where it asks to be, at the
+// risk of weston not giving it the keyboard, which it hands to the windows it manages.
 namespace window_layering {
 
 Qt::WindowFlags canvasFlags()
 {
-    return Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
+    Qt::WindowFlags flags = Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
+#ifndef Q_OS_WIN
+    if (x11WindowManagerName() == QLatin1String("Weston WM"))
+        flags |= Qt::X11BypassWindowManagerHint;
+#endif
+    return flags;
 }
 
 Qt::WindowFlags overCanvasFlags()
