@@ -2,13 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "app/pointer-press-fix.h"
 
+#include "common/x11-display.h"
+
 #include "logging/log-categories.h"
 
 #include <QCoreApplication>
 #include <QGuiApplication>
-#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
-#include <QX11Info>
-#endif
 
 #include <X11/Xlib.h>
 #include <X11/extensions/XInput2.h>
@@ -162,12 +161,7 @@ void PointerPressFix::install()
     if (QGuiApplication::platformName() != QLatin1String("xcb") ||
         qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
         return;
-#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
-    auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    Display* display = x11 ? x11->display() : nullptr;
-#else
-    Display* display = QX11Info::display();
-#endif
+    Display* display = x11Display();
     int opcode = 0;
     int firstEvent = 0;
     int firstError = 0;

@@ -2,26 +2,15 @@
 // SPDX-License-Identifier: MIT
 #include "canvas/pass-through.h"
 
+#include "common/x11-display.h"
+
 #include <QGuiApplication>
 #include <QWidget>
-#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
-#include <QX11Info>
-#endif
 
 #include <X11/Xlib.h>
 #include <X11/extensions/shape.h>
 
 namespace {
-
-Display* x11Display()
-{
-#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
-    auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    return x11 ? x11->display() : nullptr;
-#else
-    return QX11Info::display();
-#endif
-}
 
 } // namespace
 

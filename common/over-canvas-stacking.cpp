@@ -2,13 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "common/over-canvas-stacking.h"
 
+#include "common/x11-display.h"
+
 #include <QApplication>
 #include <QTimer>
 #include <QWidget>
 #include <QtEndian>
-#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
-#include <QX11Info>
-#endif
 
 #include <X11/Xlib.h>
 
@@ -25,16 +24,6 @@ constexpr int kConfigureNotify = 22;
 constexpr int kCirculateNotify = 26;
 constexpr int kEventWindow = 4;
 constexpr int kWindow = 8;
-
-Display* x11Display()
-{
-#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
-    auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    return x11 ? x11->display() : nullptr;
-#else
-    return QX11Info::display();
-#endif
-}
 
 QSet<unsigned long> unmanagedWindows()
 {

@@ -2,25 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include "common/window-manager-name.h"
 
+#include "common/x11-display.h"
+
 #include <QGuiApplication>
-#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
-#include <QX11Info>
-#endif
 
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
 
 namespace {
-
-Display* x11Display()
-{
-#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
-    auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    return x11 ? x11->display() : nullptr;
-#else
-    return QX11Info::display();
-#endif
-}
 
 // The property's whole value, or nothing if the window does not have it as that type.
 QByteArray property(Display* display, Window window, Atom name, Atom type)
