@@ -2,19 +2,18 @@
 // SPDX-License-Identifier: MIT
 #include "tests/e2e/sway-session.h"
 
+#include "tests/e2e/session-user.h"
+
 #include <QDir>
 #include <QFile>
 #include <QStandardPaths>
 #include <QTest>
 
-#include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
 
-// The ordinary user a root test runs the compositor as.
-const char* const kUser = "pallo-wayland";
 constexpr int kStartMs = 20000;
 
 bool writeFile(const QString& path, const QByteArray& text)
@@ -93,23 +92,12 @@ bool SwaySession::start()
 
     // A test that is killed takes its session with it.
     QStringList command{"setpriv", "--pdeathsig", "TERM"};
-    if (geteuid() == 0) {
-        if (getpwnam(kUser) == nullptr) {
-            QProcess add;
-            add.start("useradd",
-                      {"--system", "--no-create-home", "--shell", "/usr/sbin/nologin", kUser});
-            // Another test may make the same user at the same moment.
-            add.waitForFinished(30000);
-            if (getpwnam(kUser) == nullptr)
-                return skip(QString("running as root and the user %1 for sway cannot be made: %2")
-                                .arg(kUser, QString::fromUtf8(add.readAllStandardError())));
-        }
-        const passwd* user = getpwnam(kUser);
-        if (chown(QFile::encodeName(m_dir->path()).constData(), user->pw_uid, user->pw_gid) != 0)
-            return fail("cannot give the runtime folder to " + QString(kUser));
-        command << "runuser"
-                << "-u" << kUser << "--";
-    }
+    const SessionUser user = prepareSessionUser(m_dir->path(), "sway");
+    if (!user.skipReason.isEmpty())
+        return skip(user.skipReason);
+    if (!user.failReason.isEmpty())
+        return fail(user.failReason);
+    command << user.runAs;
     chmod(QFile::encodeName(m_dir->path()).constData(), 0700);
 
     const QString dir = m_dir->path();

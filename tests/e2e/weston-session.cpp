@@ -2,20 +2,19 @@
 // SPDX-License-Identifier: MIT
 #include "tests/e2e/weston-session.h"
 
+#include "tests/e2e/session-user.h"
+
 #include <QDir>
 #include <QFile>
 #include <QRegularExpression>
 #include <QStandardPaths>
 #include <QTest>
 
-#include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
 
-// The ordinary user a root test runs the compositor as, the one the sway test uses.
-const char* const kUser = "pallo-wayland";
 const char* const kSocket = "wayland-pallo";
 constexpr int kStartMs = 20000;
 
@@ -72,22 +71,12 @@ bool WestonSession::start()
     if (!m_dir->isValid())
         return fail("cannot make the session's runtime folder");
 
-    if (geteuid() == 0) {
-        if (getpwnam(kUser) == nullptr) {
-            QProcess add;
-            add.start("useradd",
-                      {"--system", "--no-create-home", "--shell", "/usr/sbin/nologin", kUser});
-            // Another test may make the same user at the same moment.
-            add.waitForFinished(30000);
-            if (getpwnam(kUser) == nullptr)
-                return skip(QString("running as root and the user %1 for weston cannot be made: %2")
-                                .arg(kUser, QString::fromUtf8(add.readAllStandardError())));
-        }
-        const passwd* user = getpwnam(kUser);
-        if (chown(QFile::encodeName(m_dir->path()).constData(), user->pw_uid, user->pw_gid) != 0)
-            return fail("cannot give the runtime folder to " + QString(kUser));
-        m_asUser = QStringList{"runuser", "-u", kUser, "--"};
-    }
+    const SessionUser user = prepareSessionUser(m_dir->path(), "weston");
+    if (!user.skipReason.isEmpty())
+        return skip(user.skipReason);
+    if (!user.failReason.isEmpty())
+        return fail(user.failReason);
+    m_asUser = user.runAs;
     chmod(QFile::encodeName(m_dir->path()).constData(), 0700);
 
     const QString dir = m_dir->path();
