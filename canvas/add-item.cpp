@@ -21,7 +21,7 @@ void AddItem::redo()
     qCDebug(lcCanvas) << "flag" << m_item;
     // The item may have been recorded before the first push; it is listed only once.
     if (!m_firstRedo || m_data->indexOfItem(m_item) < 0)
-        m_data->records().append(m_record);
+        m_data->appendRecord(m_record);
     m_firstRedo = false;
     qCDebug(lcCanvas) << "AddItem Redo";
 }

@@ -37,7 +37,7 @@ void ChgItem::exchange()
     // The record carries the state forward, so that the next change starts from it.
     const int index = m_data->indexOfItem(m_item);
     if (index >= 0) {
-        ItemRecord& record = m_data->records()[index];
+        ItemRecord& record = m_data->recordAt(index);
         record.pos = m_current.pos;
         record.path = m_current.path;
         record.transform = m_current.transform;

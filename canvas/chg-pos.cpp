@@ -20,7 +20,7 @@ void ChgPos::exchange()
     std::swap(m_current, m_stored);
     const int index = m_data->indexOfItem(m_item);
     if (index >= 0)
-        m_data->records()[index].pos = m_current;
+        m_data->recordAt(index).pos = m_current;
     m_item->setPos(m_current);
     m_data->scene()->update();
 }

@@ -18,6 +18,8 @@
 #include <QGraphicsScene>
 #include <QUndoStack>
 
+#include <algorithm>
+
 DData::DData(QGraphicsScene* scene, QGraphicsView* view, QObject* parent)
     : QObject(parent), m_scene(scene), m_view(view), m_undoStack(new QUndoStack(this))
 {
@@ -31,11 +33,34 @@ DData::~DData()
 
 int DData::indexOfItem(const QGraphicsItem* item) const
 {
-    for (int i = 0; i < m_records.size(); ++i) {
+    if (!m_recorded.contains(item))
+        return -1;
+    for (int i = m_records.size() - 1; i >= 0; --i) {
         if (m_records.at(i).item == item)
             return i;
     }
     return -1;
+}
+
+void DData::appendRecord(const ItemRecord& record)
+{
+    m_records.append(record);
+    m_recorded.insert(record.item);
+}
+
+void DData::insertRecord(int index, const ItemRecord& record)
+{
+    m_records.insert(index, record);
+    m_recorded.insert(record.item);
+}
+
+void DData::removeRecordAt(int index)
+{
+    const QGraphicsItem* item = m_records.at(index).item;
+    m_records.removeAt(index);
+    if (!std::any_of(m_records.cbegin(), m_records.cend(),
+                     [item](const ItemRecord& record) { return record.item == item; }))
+        m_recorded.remove(item);
 }
 
 void DData::add(const StrokeRecord& stroke)
@@ -95,9 +120,10 @@ void DData::discardEmptyText()
 
 void DData::deselectAll()
 {
-    for (const ItemRecord& record : qAsConst(m_records)) {
-        if (record.item)
-            record.item->setSelected(false);
+    const QList<QGraphicsItem*> selected = m_scene->selectedItems();
+    for (QGraphicsItem* item : selected) {
+        if (m_recorded.contains(item))
+            item->setSelected(false);
     }
     m_scene->setFocusItem(nullptr, Qt::OtherFocusReason);
 }

@@ -7,6 +7,7 @@
 #include <QColor>
 #include <QList>
 #include <QObject>
+#include <QSet>
 #include <QString>
 
 class QGraphicsPathItem;
@@ -36,10 +37,15 @@ public:
     QColor color = QColor(255, 0, 0);
     bool delayErase = false;
 
-    QList<ItemRecord>& records() { return m_records; }
     const QList<ItemRecord>& records() const { return m_records; }
-    // Index of the record of item, or -1.
+    // Index of the record of item, or -1. Answers at once for an item without a record and
+    // for the latest records, which undo and redo touch most.
     int indexOfItem(const QGraphicsItem* item) const;
+    void appendRecord(const ItemRecord& record);
+    void insertRecord(int index, const ItemRecord& record);
+    void removeRecordAt(int index);
+    // For changing where a recorded item stands and its shape; its item stays the same.
+    ItemRecord& recordAt(int index) { return m_records[index]; }
 
     // Records a finished stroke's item as one undoable step.
     void add(const StrokeRecord& stroke);
@@ -64,5 +70,7 @@ private:
     QGraphicsScene* m_scene;
     QGraphicsView* m_view;
     QList<ItemRecord> m_records;
+    // The items of m_records, so that finding a record does not cost more as drawing grows.
+    QSet<const QGraphicsItem*> m_recorded;
     QUndoStack* m_undoStack;
 };

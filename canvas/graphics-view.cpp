@@ -466,7 +466,12 @@ void GraphicsView::drawItems(QPainter* painter, int numItems, QGraphicsItem* ite
 void GraphicsView::resizeEvent(QResizeEvent* event)
 {
     QGraphicsView::resizeEvent(event);
-    setSceneRect(QRectF(QPointF(0, 0), QSizeF(viewport()->size())));
+    const QRectF screen(QPointF(0, 0), QSizeF(viewport()->size()));
+    setSceneRect(screen);
+    // A scene without a rectangle of its own measures every item again after any item's
+    // bounds change, so that drawing would slow down as the drawing grows.
+    if (scene())
+        scene()->setSceneRect(screen);
 }
 
 bool GraphicsView::textItemUnderCursor(const QPoint& point)

@@ -20,7 +20,7 @@ void hideDrawnItem(DData* data, QGraphicsItem* item)
     detachHandlesFrom(item);
     const int index = data->indexOfItem(item);
     if (index >= 0)
-        data->records().removeAt(index);
+        data->removeRecordAt(index);
 }
 
 void showDrawnItem(DData* data, const ItemRecord& record, int index)
@@ -28,8 +28,7 @@ void showDrawnItem(DData* data, const ItemRecord& record, int index)
     record.item->setVisible(true);
     if (data->indexOfItem(record.item) >= 0)
         return;
-    QList<ItemRecord>& records = data->records();
-    if (index < 0 || index > records.size())
-        index = records.size();
-    records.insert(index, record);
+    if (index < 0 || index > data->records().size())
+        index = data->records().size();
+    data->insertRecord(index, record);
 }

@@ -4,6 +4,8 @@
 
 #include "canvas/ink-layer.h"
 
+#include <QGraphicsScene>
+
 StrokeItem::StrokeItem(const QPainterPath& path) : m_stroke(path)
 {
     setFlag(ItemSendsGeometryChanges, true);
@@ -41,7 +43,10 @@ void StrokeItem::segmentAdded(const QRectF& segment)
     const qreal r = reach();
     const QRectF dirty = segment.adjusted(-r, -r, r, r);
     if (m_bounds.contains(dirty)) {
-        update(dirty);
+        // Straight to the scene's views: an update of the item would make the scene visit
+        // every drawn item before the next frame to find the dirty ones.
+        if (QGraphicsScene* owner = scene(); owner && isVisible())
+            owner->update(mapRectToScene(dirty));
         return;
     }
     prepareGeometryChange();

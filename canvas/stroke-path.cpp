@@ -9,6 +9,9 @@ namespace {
 
 constexpr qreal kCell = 64;
 constexpr int kContext = 2;
+// A stroke starts small, and a thin one grows across its thin side at once: at least this
+// much room keeps the bounds from changing every few points.
+constexpr qreal kLeastRoomToGrow = 24;
 
 int cellOf(qreal v)
 {
@@ -148,8 +151,8 @@ bool StrokePath::nearArea(int element, const QRectF& area) const
 
 QRectF StrokePath::roomToGrow(const QRectF& tight)
 {
-    const qreal dx = tight.width() / 8;
-    const qreal dy = tight.height() / 8;
+    const qreal dx = qMax(tight.width() / 8, kLeastRoomToGrow);
+    const qreal dy = qMax(tight.height() / 8, kLeastRoomToGrow);
     return tight.adjusted(-dx, -dy, dx, dy);
 }
 

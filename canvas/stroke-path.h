@@ -28,8 +28,8 @@ public:
     QRectF lineTo(const QPointF& point);
 
     // Bounds for an item whose stroke paints inside tight and keeps growing: an eighth of its
-    // size to spare on every side, so that its bounds change (and it is repainted whole) only
-    // now and then.
+    // size, and at least 24 px, to spare on every side, so that its bounds change (and it is
+    // repainted whole) only now and then.
     static QRectF roomToGrow(const QRectF& tight);
 
     // What of the path can paint inside rect when it is stroked with a pen that reaches no

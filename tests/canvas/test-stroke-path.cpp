@@ -19,7 +19,8 @@ private slots:
     void areaCoveringAllGivesWholePath();
     void pathWithCurveIsAlwaysWhole();
     void boundsFollowPoints();
-    void roomToGrowAddsAnEighth();
+    void roomToGrowAddsAnEighthOrAtLeast24_data();
+    void roomToGrowAddsAnEighthOrAtLeast24();
 };
 
 Q_DECLARE_METATYPE(QPainterPath)
@@ -203,9 +204,21 @@ void TestStrokePath::boundsFollowPoints()
     QCOMPARE(stroke.pointBounds(), QRectF(QPointF(10, 60), QPointF(70, 90)));
 }
 
-void TestStrokePath::roomToGrowAddsAnEighth()
+void TestStrokePath::roomToGrowAddsAnEighthOrAtLeast24_data()
 {
-    QCOMPARE(pallo::StrokePath::roomToGrow(QRectF(0, 0, 80, 16)), QRectF(-10, -2, 100, 20));
+    QTest::addColumn<QRectF>("tight");
+    QTest::addColumn<QRectF>("grown");
+    QTest::newRow("large") << QRectF(0, 0, 800, 400) << QRectF(-100, -50, 1000, 500);
+    QTest::newRow("thin") << QRectF(0, 0, 800, 16) << QRectF(-100, -24, 1000, 64);
+    QTest::newRow("small") << QRectF(10, 20, 80, 16) << QRectF(-14, -4, 128, 64);
+    QTest::newRow("a point") << QRectF(5, 5, 0, 0) << QRectF(-19, -19, 48, 48);
+}
+
+void TestStrokePath::roomToGrowAddsAnEighthOrAtLeast24()
+{
+    QFETCH(QRectF, tight);
+    QFETCH(QRectF, grown);
+    QCOMPARE(pallo::StrokePath::roomToGrow(tight), grown);
 }
 
 QTEST_MAIN(TestStrokePath)
