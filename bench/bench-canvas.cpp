@@ -10,6 +10,7 @@
 #include <benchmark/benchmark.h>
 #include <chrono>
 #include <cstdio>
+#include <malloc.h>
 
 namespace {
 
@@ -17,6 +18,7 @@ namespace {
 constexpr int kMoves = 100;
 constexpr int kWholeCanvasSteps = 10;
 constexpr int kClearItems = 10000;
+constexpr int kMemoryStrokes = 1000;
 
 ResultsTable s_table;
 // --ink-layer=off measures the canvas painting every item itself.
@@ -88,6 +90,37 @@ void repaintBenchmark(benchmark::State& state)
     s_table.add("repaint whole canvas", "-", QString::number(kClearItems), times);
 }
 
+// Bytes of heap in use, as the C library counts them.
+qint64 heapInUse()
+{
+    return qint64(mallinfo2().uordblks);
+}
+
+// What one more finished stroke keeps: the heap grown from drawing kMemoryStrokes strokes to
+// drawing twice as many, so that what is made once (the pictures of the ink layer, caches) is
+// left out. Google Benchmark's time for these cases is not a figure of interest.
+QString s_memoryTable;
+
+void memoryBenchmark(benchmark::State& state, const QString& tool, int points)
+{
+    CanvasFixture canvas(0, s_inkLayer);
+    double bytesPerStroke = 0;
+    for (auto _ : state) {
+        canvas.drawStrokes(tool, kMemoryStrokes, points);
+        malloc_trim(0);
+        const qint64 before = heapInUse();
+        canvas.drawStrokes(tool, kMemoryStrokes, points);
+        malloc_trim(0);
+        bytesPerStroke = double(heapInUse() - before) / kMemoryStrokes;
+    }
+    state.counters["bytes_per_stroke"] = bytesPerStroke;
+    s_memoryTable += QString("| %1 | %2 | %3 | %4 |\n")
+                         .arg(tool)
+                         .arg(points)
+                         .arg(kMemoryStrokes)
+                         .arg(bytesPerStroke, 0, 'f', 0);
+}
+
 void quietDebug(QtMsgType type, const QMessageLogContext&, const QString& message)
 {
     // The canvas writes a debug line per finished stroke; thousands of them would bury the
@@ -143,6 +176,14 @@ int main(int argc, char** argv)
         ->UseManualTime()
         ->Unit(benchmark::kMillisecond);
 
+    for (const QString& tool : tools) {
+        const std::string name =
+            QString("memory/%1/points:50/strokes:%2").arg(tool).arg(kMemoryStrokes).toStdString();
+        benchmark::RegisterBenchmark(name.c_str(), memoryBenchmark, tool, 50)
+            ->Iterations(1)
+            ->Unit(benchmark::kMillisecond);
+    }
+
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 1;
@@ -152,5 +193,10 @@ int main(int argc, char** argv)
     std::printf("\nTime per step, 1920x1080 ARGB canvas, QT_QPA_PLATFORM=%s, ink layer %s\n\n%s",
                 qgetenv("QT_QPA_PLATFORM").constData(), s_inkLayer ? "on" : "off",
                 qPrintable(s_table.format()));
+    if (!s_memoryTable.isEmpty()) {
+        std::printf("\nHeap kept per finished stroke (after %d strokes, the next %d)\n\n"
+                    "| tool | points | strokes | bytes per stroke |\n|---|---:|---:|---:|\n%s",
+                    kMemoryStrokes, kMemoryStrokes, qPrintable(s_memoryTable));
+    }
     return 0;
 }

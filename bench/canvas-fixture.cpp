@@ -72,6 +72,22 @@ void CanvasFixture::release()
     settle();
 }
 
+void CanvasFixture::drawStrokes(const QString& tool, int count, int points)
+{
+    DrawManagerEx* drawing = manager();
+    drawing->slot_figure(tool);
+    for (int n = 0; n < count; ++n) {
+        QPoint p = handwritingPoint(m_next++, Screen);
+        drawing->slot_mousestate("press", p.x(), p.y());
+        for (int i = 1; i < points; ++i) {
+            p = handwritingPoint(m_next++, Screen);
+            drawing->slot_mousestate("move", p.x(), p.y());
+        }
+        drawing->slot_mousestate("release", p.x(), p.y());
+        settle();
+    }
+}
+
 void CanvasFixture::settle()
 {
     m_recorder->settle();

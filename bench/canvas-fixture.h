@@ -30,6 +30,10 @@ public:
     void move();
     void release();
 
+    // Draws count finished strokes of points points each with tool, every one painted as it
+    // is finished, the strokes written one after another like handwriting.
+    void drawStrokes(const QString& tool, int count, int points);
+
     // Settles and paints whatever the last calls dirtied.
     void settle();
     void repaintAll();

@@ -73,7 +73,7 @@ void CurveItem::paint(QPainter* painter, const QStyleOptionGraphicsItem* option,
     painter->setBrush(Qt::NoBrush);
     // A repaint of a small area strokes only the part of a long path that can reach it.
     const QRectF area = clipArea(painter);
-    painter->drawPath(area.isNull() ? stroke().path() : stroke().partNear(area, reach()));
+    painter->drawPath(stroke().partNear(area, reach()));
 }
 
 void CurveItem::hoverEnterEvent(QGraphicsSceneHoverEvent* event)

@@ -6,6 +6,7 @@
 #include "canvas/curve-item.h"
 #include "canvas/d-data.h"
 #include "canvas/erase-item.h"
+#include "canvas/stroke-item.h"
 #include "canvas/text-itemchange.h"
 #include "canvas/tool-vocabulary.h"
 #include "logging/log-categories.h"
@@ -104,6 +105,8 @@ void DrawManagerEx::finishStroke()
         return;
     if (!m_stroke->item)
         return;
+    if (auto* grown = dynamic_cast<StrokeItem*>(m_stroke->item))
+        grown->finishGrowing();
     // The eraser's path is taken once the stroke is done; a copy held while it grows would
     // make every added segment copy the whole path.
     if (auto* eraser = qgraphicsitem_cast<EraseItem*>(m_stroke->item))

@@ -43,7 +43,7 @@ void EraseItem::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidge
         return;
     // A repaint of a small area strokes only the part of a long path that can reach it.
     const QRectF area = clipArea(painter);
-    const QPainterPath part = area.isNull() ? stroke().path() : stroke().partNear(area, reach());
+    const QPainterPath part = stroke().partNear(area, reach());
     painter->setCompositionMode(QPainter::CompositionMode_SourceOut);
     painter->setPen(QPen(QColor(0, 0, 0, 1), PenWidth));
     painter->setBrush(Qt::NoBrush);

@@ -5,6 +5,7 @@
 #include "canvas/common-item.h"
 #include "canvas/curve-item.h"
 #include "canvas/erase-item.h"
+#include "logging/log-categories.h"
 
 #include <QGraphicsScene>
 #include <QGraphicsView>
@@ -15,10 +16,14 @@ namespace {
 
 InkLayer* s_layer = nullptr;
 
-// Two earlier pictures serve an undo of the last stroke and an undo of a clear.
-constexpr int kEarlierPictures = 2;
+// The picture from before a clear, for undoing the clear.
+constexpr int kEarlierPictures = 1;
 // Below this many items, painting them is cheaper than a picture of the whole window.
 constexpr int kLeastItems = 64;
+// The pixels kept for taking back the latest strokes: enough for the strokes a presenter
+// undoes in a row, far less than a picture.
+constexpr qint64 kMostPatchBytes = 4 * 1024 * 1024;
+constexpr int kMostPatches = 64;
 
 bool paintsLikeInk(const QGraphicsItem* item)
 {
@@ -181,10 +186,13 @@ QImage InkLayer::background() const
     return image;
 }
 
-void InkLayer::paintItems(QImage* image, const QVector<QGraphicsItem*>& items, int from) const
+void InkLayer::paintItems(QImage* image, const QVector<QGraphicsItem*>& items, int from,
+                          const QRect& clip) const
 {
     QPainter painter(image);
     painter.setRenderHints(m_view->renderHints());
+    if (!clip.isNull())
+        painter.setClipRect(clip);
     m_suppressItems = true;
     for (int i = from; i < items.size(); ++i) {
         QGraphicsItem* item = items.at(i);
@@ -201,11 +209,75 @@ void InkLayer::paintItems(QImage* image, const QVector<QGraphicsItem*>& items, i
 
 void InkLayer::keep(Picture&& picture)
 {
-    if (!picture.image.isNull()) {
-        m_earlier.prepend(std::move(picture));
-        while (m_earlier.size() > kEarlierPictures)
-            m_earlier.removeLast();
+    if (picture.image.isNull())
+        return;
+    picture.patches.clear();
+    picture.patchBytes = 0;
+    m_earlier.prepend(std::move(picture));
+    while (m_earlier.size() > kEarlierPictures)
+        m_earlier.removeLast();
+}
+
+void InkLayer::paintOver(const QVector<QGraphicsItem*>& wanted, int from)
+{
+    Picture& picture = m_current;
+    QRectF covered;
+    for (int i = from; i < wanted.size(); ++i)
+        covered |= wanted.at(i)->sceneBoundingRect();
+    // One more pixel for antialiasing at the edge of the bounds.
+    const QRect area = covered.toAlignedRect().adjusted(-1, -1, 1, 1) & picture.image.rect();
+
+    Patch patch;
+    patch.before = from;
+    patch.at = area.topLeft();
+    const qint64 bytes = qint64(area.width()) * area.height() * 4;
+    if (from > 0 && bytes <= kMostPatchBytes)
+        patch.pixels = picture.image.copy(area);
+    if (patch.pixels.isNull()) {
+        // Without this batch's pixels, no older batch can be taken back either.
+        picture.patches.clear();
+        picture.patchBytes = 0;
+    } else {
+        picture.patchBytes += bytes;
+        picture.patches.append(std::move(patch));
+        while (picture.patchBytes > kMostPatchBytes || picture.patches.size() > kMostPatches) {
+            const QImage& oldest = picture.patches.first().pixels;
+            picture.patchBytes -= qint64(oldest.width()) * oldest.height() * 4;
+            picture.patches.removeFirst();
+        }
     }
+
+    if (!area.isEmpty())
+        paintItems(&picture.image, wanted, from, area);
+    for (int i = from; i < wanted.size(); ++i)
+        picture.members.insert(wanted.at(i));
+    picture.items = wanted;
+}
+
+bool InkLayer::takeBack(int count)
+{
+    Picture& picture = m_current;
+    int first = picture.patches.size();
+    while (first > 0 && picture.patches.at(first - 1).before > count)
+        --first;
+    if (first == 0 || picture.patches.at(first - 1).before != count)
+        return false;
+    --first;
+
+    QPainter painter(&picture.image);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    for (int i = picture.patches.size() - 1; i >= first; --i) {
+        const Patch& patch = picture.patches.at(i);
+        painter.drawImage(patch.at, patch.pixels);
+        picture.patchBytes -= qint64(patch.pixels.width()) * patch.pixels.height() * 4;
+    }
+    painter.end();
+    picture.patches.resize(first);
+    for (int i = count; i < picture.items.size(); ++i)
+        picture.members.remove(picture.items.at(i));
+    picture.items.resize(count);
+    qCDebug(lcCanvas) << "ink layer took back strokes down to" << count;
+    return true;
 }
 
 void InkLayer::bringUpToDate()
@@ -215,21 +287,8 @@ void InkLayer::bringUpToDate()
     if (m_valid && m_current.items == wanted)
         return;
 
-    // The picture closest to what is wanted: one that holds a first part of it.
-    int best = -1;
-    int bestSize = -1;
-    if (m_valid && !m_current.image.isNull() && startsWith(wanted, m_current.items))
-        bestSize = m_current.items.size();
-    for (int i = 0; i < m_earlier.size(); ++i) {
-        const Picture& earlier = m_earlier.at(i);
-        if (earlier.items.size() > bestSize && startsWith(wanted, earlier.items)) {
-            best = i;
-            bestSize = earlier.items.size();
-        }
-    }
-
-    Picture next;
     if (wanted.size() < kLeastItems) {
+        Picture next;
         next.items = std::move(wanted);
         if (m_valid)
             keep(std::move(m_current));
@@ -237,27 +296,41 @@ void InkLayer::bringUpToDate()
         m_valid = true;
         return;
     }
+
+    // More strokes over the picture, or the latest ones taken back: the picture changes in
+    // place.
+    if (m_valid && !m_current.image.isNull()) {
+        if (startsWith(wanted, m_current.items)) {
+            paintOver(wanted, m_current.items.size());
+            return;
+        }
+        if (startsWith(m_current.items, wanted) && takeBack(wanted.size()))
+            return;
+    }
+
+    // Otherwise the kept picture that holds the longest first part of what is wanted, or a
+    // new one.
+    int best = -1;
+    int bestSize = -1;
+    for (int i = 0; i < m_earlier.size(); ++i) {
+        const Picture& earlier = m_earlier.at(i);
+        if (earlier.items.size() > bestSize && startsWith(wanted, earlier.items)) {
+            best = i;
+            bestSize = earlier.items.size();
+        }
+    }
+    Picture next;
     if (best >= 0) {
         next = m_earlier.takeAt(best);
-    } else if (bestSize >= 0) {
-        // Painting more strokes over the current picture: the picture before them is kept.
-        next.image = m_current.image.copy();
-        next.items = m_current.items;
-        next.members = m_current.members;
     } else {
         next.image = background();
     }
-    const int from = next.items.size();
-    if (from < wanted.size()) {
-        paintItems(&next.image, wanted, from);
-        for (int i = from; i < wanted.size(); ++i)
-            next.members.insert(wanted.at(i));
-    }
-    next.items = std::move(wanted);
     if (m_valid)
         keep(std::move(m_current));
     m_current = std::move(next);
     m_valid = true;
+    if (m_current.items.size() < wanted.size())
+        paintOver(wanted, m_current.items.size());
 }
 
 bool InkLayer::paintBackground(QPainter* painter, const QRectF& rect)

@@ -5,6 +5,8 @@
 #include <QBrush>
 #include <QGraphicsItem>
 #include <QImage>
+#include <QPoint>
+#include <QRect>
 #include <QRectF>
 #include <QSet>
 #include <QVector>
@@ -21,8 +23,9 @@ class QPainter;
 // as usual on top. The eraser's strokes clear what lies beneath them in the image exactly
 // as they do on the window, because the image starts with the window's background.
 //
-// A few earlier pictures are kept, so that undoing a clear or the last stroke, and redoing
-// them, finds the picture it needs instead of painting every item again.
+// Strokes added to the picture keep the pixels they covered, so that undoing the last strokes
+// puts those back; the picture before a clear is kept, so that undoing the clear takes it
+// again. Neither paints every item again.
 class InkLayer
 {
 public:
@@ -60,11 +63,24 @@ public:
     }
 
 private:
+    // The pixels a batch of items painted over, as they were before: putting them back takes
+    // the batch out of the picture again.
+    struct Patch
+    {
+        // How many items the picture held before the batch.
+        int before = 0;
+        QPoint at;
+        QImage pixels;
+    };
+
     struct Picture
     {
         QVector<QGraphicsItem*> items;
         QSet<const QGraphicsItem*> members;
         QImage image;
+        // Oldest first; the last one took the newest batch.
+        QVector<Patch> patches;
+        qint64 patchBytes = 0;
     };
 
     // What the window paints beneath its items, as brushes; a change drops every picture.
@@ -81,7 +97,13 @@ private:
     QVector<QGraphicsItem*> wantedItems() const;
     bool usable() const;
     QImage background() const;
-    void paintItems(QImage* image, const QVector<QGraphicsItem*>& items, int from) const;
+    void paintItems(QImage* image, const QVector<QGraphicsItem*>& items, int from,
+                    const QRect& clip = QRect()) const;
+    // Paints items from index from over the current picture, keeping what they cover.
+    void paintOver(const QVector<QGraphicsItem*>& wanted, int from);
+    // Takes the newest batches out of the current picture until it holds count items;
+    // false when the batches do not end there.
+    bool takeBack(int count);
     void bringUpToDate();
     void keep(Picture&& picture);
 

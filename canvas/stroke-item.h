@@ -18,6 +18,9 @@ public:
 
     QRectF boundingRect() const override;
 
+    // The stroke is finished: what was kept for it to grow is given back.
+    void finishGrowing() { m_stroke.compact(); }
+
 protected:
     explicit StrokeItem(const QPainterPath& path = QPainterPath());
     ~StrokeItem() override;

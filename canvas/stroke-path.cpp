@@ -12,6 +12,8 @@ constexpr int kContext = 2;
 // A stroke starts small, and a thin one grows across its thin side at once: at least this
 // much room keeps the bounds from changing every few points.
 constexpr qreal kLeastRoomToGrow = 24;
+// Up to this many segments, finding those near a rectangle goes through all of them.
+constexpr int kGridFrom = 128;
 
 int cellOf(qreal v)
 {
@@ -118,7 +120,13 @@ bool StrokePath::closesSubpath(int element) const
 {
     const bool endsSubpath = element + 1 == m_path.elementCount() ||
                              m_path.elementAt(element + 1).type == QPainterPath::MoveToElement;
-    return endsSubpath && pointAt(element) == pointAt(m_subpathStart.at(element));
+    return endsSubpath && pointAt(element) == pointAt(subpathStart(element));
+}
+
+int StrokePath::subpathStart(int element) const
+{
+    const auto after = std::upper_bound(m_moves.cbegin(), m_moves.cend(), element);
+    return after == m_moves.cbegin() ? 0 : *(after - 1);
 }
 
 void StrokePath::index(int element)
@@ -127,20 +135,52 @@ void StrokePath::index(int element)
     const QPointF point(e.x, e.y);
     m_bounds = element == 0 ? QRectF(point, point) : withPoint(m_bounds, point);
     const bool move = e.type == QPainterPath::MoveToElement;
-    m_subpathStart.resize(element + 1);
-    m_subpathStart[element] = move || element == 0 ? element : m_subpathStart.at(element - 1);
+    if (move || element == 0)
+        m_moves.append(element);
     if (move)
         return;
     if (e.type != QPainterPath::LineToElement)
         m_polyline = false;
     if (!m_polyline)
         return;
+    ++m_segments;
+    if (m_segments == kGridFrom) {
+        for (int i = 1; i <= element; ++i) {
+            if (m_path.elementAt(i).type == QPainterPath::LineToElement)
+                indexSegment(i);
+        }
+    } else if (m_segments > kGridFrom) {
+        indexSegment(element);
+    }
+}
+
+void StrokePath::indexSegment(int element)
+{
     const QRectF rect = segmentRect(element);
     for (int cx = cellOf(rect.left()); cx <= cellOf(rect.right()); ++cx) {
         for (int cy = cellOf(rect.top()); cy <= cellOf(rect.bottom()); ++cy)
             m_cells[cellKey(cx, cy)].append(element);
     }
-    ++m_segments;
+}
+
+void StrokePath::compact()
+{
+    m_moves.squeeze();
+    for (QVector<int>& elements : m_cells)
+        elements.squeeze();
+    if (!m_polyline)
+        return;
+    QPainterPath exact;
+    exact.reserve(m_path.elementCount());
+    exact.setFillRule(m_path.fillRule());
+    for (int i = 0; i < m_path.elementCount(); ++i) {
+        const QPainterPath::Element& e = m_path.elementAt(i);
+        if (e.type == QPainterPath::MoveToElement)
+            exact.moveTo(e.x, e.y);
+        else
+            exact.lineTo(e.x, e.y);
+    }
+    m_path = exact;
 }
 
 bool StrokePath::nearArea(int element, const QRectF& area) const
@@ -159,13 +199,19 @@ QRectF StrokePath::roomToGrow(const QRectF& tight)
 QPainterPath StrokePath::partNear(const QRectF& rect, qreal reach) const
 {
     const QRectF area = rect.adjusted(-reach, -reach, reach, reach);
-    if (!m_polyline || area.contains(m_bounds))
-        return m_path;
+    if (rect.isNull() || !m_polyline || area.contains(m_bounds)) {
+        QPainterPath whole = m_path;
+        if (whole.elementCount() > 0) {
+            const QPainterPath::Element& first = whole.elementAt(0);
+            whole.setElementPositionAt(0, first.x, first.y);
+        }
+        return whole;
+    }
 
     QVector<int> hits;
     const qint64 cells = qint64(cellOf(area.right()) - cellOf(area.left()) + 1) *
                          (cellOf(area.bottom()) - cellOf(area.top()) + 1);
-    if (cells > m_segments) {
+    if (m_cells.isEmpty() || cells > m_segments) {
         for (int i = 1; i < m_path.elementCount(); ++i) {
             if (m_path.elementAt(i).type == QPainterPath::LineToElement && nearArea(i, area))
                 hits.append(i);
@@ -211,7 +257,7 @@ QPainterPath StrokePath::partNear(const QRectF& rect, qreal reach) const
     // in the same join as in the whole path.
     QHash<int, int> headRuns;
     for (int r = 0; r < runs.size(); ++r) {
-        const int start = m_subpathStart.at(runs.at(r).first);
+        const int start = subpathStart(runs.at(r).first);
         if (runs.at(r).first == start + 1)
             headRuns.insert(start, r);
     }
@@ -220,7 +266,7 @@ QPainterPath StrokePath::partNear(const QRectF& rect, qreal reach) const
     for (int r = 0; r < runs.size(); ++r) {
         if (!closesSubpath(runs.at(r).last))
             continue;
-        const int head = headRuns.value(m_subpathStart.at(runs.at(r).last), -1);
+        const int head = headRuns.value(subpathStart(runs.at(r).last), -1);
         if (head >= 0 && head != r) {
             continuation[r] = head;
             continues[head] = true;

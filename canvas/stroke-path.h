@@ -35,10 +35,17 @@ public:
     // What of the path can paint inside rect when it is stroked with a pen that reaches no
     // farther than reach from the path: the runs of consecutive segments that come within
     // reach of rect, as one path. Inside rect they paint the same pixels as the whole path.
+    // A null rect asks for the whole path. The path returned shares nothing with this one, so
+    // that what painting caches in it goes away with it.
     QPainterPath partNear(const QRectF& rect, qreal reach) const;
+
+    // For a path that is done growing: gives back the room kept for more points.
+    void compact();
 
 private:
     void index(int element);
+    void indexSegment(int element);
+    int subpathStart(int element) const;
     QRectF segmentRect(int element) const;
     QPointF pointAt(int element) const;
     // Whether the segment ending at element passes through area.
@@ -50,9 +57,10 @@ private:
     QRectF m_bounds;
     // Curves are not indexed; a path holding one is always painted whole.
     bool m_polyline = true;
-    // For every element, the index of the move that starts its subpath.
-    QVector<int> m_subpathStart;
-    // Grid cell to the elements that end a line segment crossing the cell.
+    // The elements that start a subpath, in order.
+    QVector<int> m_moves;
+    // Grid cell to the elements that end a line segment crossing the cell; made only once
+    // the path is long enough for a search through every segment to cost more.
     QHash<quint64, QVector<int>> m_cells;
     int m_segments = 0;
 };

@@ -78,17 +78,28 @@ QImage TestInkLayer::paintFromLayer(pallo::GraphicsView* view)
 
 void TestInkLayer::samePixels_data()
 {
+    QTest::addColumn<int>("after");
     QTest::addColumn<QString>("step");
     QTest::addColumn<int>("held");
-    QTest::newRow("drawn") << QString() << 150;
-    QTest::newRow("last stroke undone") << "undo" << 149;
-    QTest::newRow("clear undone") << "clear undo" << 150;
-    QTest::newRow("clear redone") << "clear undo redo" << 0;
-    QTest::newRow("an item selected") << "select" << 100;
+    QTest::newRow("drawn") << 0 << QString() << 150;
+    QTest::newRow("last stroke undone") << 0 << "undo" << 149;
+    QTest::newRow("clear undone") << 0 << "clear undo" << 150;
+    QTest::newRow("clear redone") << 0 << "clear undo redo" << 0;
+    QTest::newRow("an item selected") << 0 << "select" << 100;
+    // Strokes drawn one by one over the picture, each painted before the next.
+    QTest::newRow("drawn over the picture") << 20 << QString() << 170;
+    QTest::newRow("one taken back") << 20 << "undo" << 169;
+    QTest::newRow("five taken back") << 20 << "undo undo undo undo undo" << 165;
+    QTest::newRow("taken back and redone") << 20 << "undo undo undo redo redo" << 169;
+    QTest::newRow("all taken back and more")
+        << 20 << QString("undo ").repeated(25).trimmed() << 145;
+    QTest::newRow("taken back, then clear undone") << 20 << "undo undo clear undo" << 168;
+    QTest::newRow("selected after drawing over") << 20 << "select" << 100;
 }
 
 void TestInkLayer::samePixels()
 {
+    QFETCH(int, after);
     QFETCH(QString, step);
     QFETCH(int, held);
     pallo::GraphicsView view(true, nullptr);
@@ -97,8 +108,17 @@ void TestInkLayer::samePixels()
     drawMany(manager, 150);
     // A first repaint makes the picture, so that the steps below change it.
     paintFromLayer(&view);
+    for (int i = 0; i < after; ++i) {
+        manager->slot_color(i % 2 ? "#ff00ff" : "#008080");
+        stroke(manager, i % 7 == 3 ? "erase" : (i % 3 ? "brush" : "highlighter"),
+               QPoint(20 + i * 13 % 300, 30 + i * 29 % 220), QPoint(7, 3), 10);
+        paintFromLayer(&view);
+    }
 
     for (const QString& word : step.split(' ', Qt::SkipEmptyParts)) {
+        // Each step is painted, as the window would be between a presenter's clicks.
+        if (after > 0)
+            paintFromLayer(&view);
         if (word == "undo")
             manager->slot_undo();
         else if (word == "redo")
