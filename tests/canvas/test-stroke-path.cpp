@@ -30,12 +30,12 @@ namespace {
 const QSize kSize(400, 300);
 
 // A scribble that crosses itself many times, with short and long segments, horizontal and
-// vertical ones and sharp turns.
-QPainterPath scribble()
+// vertical ones and sharp turns. Under 128 segments a stroke has no grid of its segments.
+QPainterPath scribble(int points = 400)
 {
     pallo::StrokePath stroke;
     stroke.moveTo(QPointF(40, 150));
-    for (int i = 1; i < 400; ++i) {
+    for (int i = 1; i < points; ++i) {
         const double t = i / 25.0;
         stroke.lineTo(
             QPointF(qRound(200 + 150 * qSin(t * 1.3)), qRound(150 + 110 * qSin(t * 2.1))));
@@ -94,6 +94,7 @@ void TestStrokePath::partPaintsLikeWholePath_data()
     QTest::addColumn<QPainterPath>("path");
     QTest::addColumn<QPen>("pen");
     QTest::addColumn<qreal>("reach");
+    QTest::addColumn<bool>("finished");
 
     QPen brush(QColor(255, 0, 0), 3);
     brush.setCapStyle(Qt::FlatCap);
@@ -101,11 +102,18 @@ void TestStrokePath::partPaintsLikeWholePath_data()
     highlighter.setCapStyle(Qt::FlatCap);
     const QPen eraser(QColor(0, 0, 0, 1), 40);
 
-    QTest::newRow("pen") << scribble() << brush << 3.5;
-    QTest::newRow("highlighter crossing itself") << scribble() << highlighter << 17.0;
-    QTest::newRow("highlighter ring closed on itself") << closedRing() << highlighter << 17.0;
+    QTest::newRow("pen") << scribble() << brush << 3.5 << false;
+    QTest::newRow("pen, short") << scribble(40) << brush << 3.5 << false;
+    QTest::newRow("pen, finished") << scribble() << brush << 3.5 << true;
+    QTest::newRow("pen, short and finished") << scribble(40) << brush << 3.5 << true;
+    QTest::newRow("highlighter crossing itself") << scribble() << highlighter << 17.0 << false;
+    QTest::newRow("highlighter ring closed on itself")
+        << closedRing() << highlighter << 17.0 << false;
+    QTest::newRow("highlighter ring, finished") << closedRing() << highlighter << 17.0 << true;
     QTest::newRow("eraser segments with square ends")
-        << separateSegments() << eraser << 20 * M_SQRT2 + 2;
+        << separateSegments() << eraser << 20 * M_SQRT2 + 2 << false;
+    QTest::newRow("eraser segments, finished")
+        << separateSegments() << eraser << 20 * M_SQRT2 + 2 << true;
 }
 
 void TestStrokePath::partPaintsLikeWholePath()
@@ -113,8 +121,13 @@ void TestStrokePath::partPaintsLikeWholePath()
     QFETCH(QPainterPath, path);
     QFETCH(QPen, pen);
     QFETCH(qreal, reach);
+    QFETCH(bool, finished);
 
-    const pallo::StrokePath stroke(path);
+    pallo::StrokePath stroke(path);
+    if (finished) {
+        stroke.compact();
+        QCOMPARE(stroke.path(), path);
+    }
     int compared = 0;
     for (int y = -20; y < kSize.height(); y += 23) {
         for (int x = -20; x < kSize.width(); x += 29) {
