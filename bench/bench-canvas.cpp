@@ -90,6 +90,15 @@ void repaintBenchmark(benchmark::State& state)
     s_table.add("repaint whole canvas", "-", QString::number(kClearItems), times);
 }
 
+void hideShowBenchmark(benchmark::State& state)
+{
+    CanvasFixture canvas(kClearItems, s_inkLayer);
+    std::vector<double> times;
+    for (auto _ : state)
+        record(state, timeNs([&] { canvas.hideAndShow(); }), times);
+    s_table.add("hide and show again", "-", QString::number(kClearItems), times);
+}
+
 // Bytes of heap in use, as the C library counts them.
 qint64 heapInUse()
 {
@@ -176,6 +185,10 @@ int main(int argc, char** argv)
         ->UseManualTime()
         ->Unit(benchmark::kMillisecond);
 
+    benchmark::RegisterBenchmark("hide-show/items:10000", hideShowBenchmark)
+        ->Iterations(kWholeCanvasSteps)
+        ->UseManualTime()
+        ->Unit(benchmark::kMillisecond);
     for (const QString& tool : tools) {
         const std::string name =
             QString("memory/%1/points:50/strokes:%2").arg(tool).arg(kMemoryStrokes).toStdString();

@@ -93,6 +93,15 @@ void CanvasFixture::settle()
     m_recorder->settle();
 }
 
+void CanvasFixture::hideAndShow()
+{
+    m_view->hide();
+    QCoreApplication::processEvents();
+    m_view->show();
+    QCoreApplication::processEvents();
+    repaintAll();
+}
+
 void CanvasFixture::repaintAll()
 {
     m_recorder->repaintAll();

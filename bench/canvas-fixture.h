@@ -37,6 +37,8 @@ public:
     // Settles and paints whatever the last calls dirtied.
     void settle();
     void repaintAll();
+    // Hides the canvas and shows it again, as show_or_hide does twice, then paints it whole.
+    void hideAndShow();
 
     DrawManagerEx* manager() const;
     ViewportRecorder* recorder() const { return m_recorder; }

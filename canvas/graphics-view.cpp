@@ -449,12 +449,12 @@ void GraphicsView::drawBackground(QPainter* painter, const QRectF& rect)
 void GraphicsView::drawItems(QPainter* painter, int numItems, QGraphicsItem* items[],
                              const QStyleOptionGraphicsItem options[])
 {
-    // The items in the ink layer's picture are left out before the scene sets up the painter
-    // for each of them.
+    // The items in the ink layer's picture, and the hidden ones a repaint of the whole window
+    // lists too, are left out before the scene sets up the painter for each of them.
     QVector<QGraphicsItem*> painted;
     QVector<QStyleOptionGraphicsItem> paintedOptions;
     for (int i = 0; i < numItems; ++i) {
-        if (InkLayer::holds(items[i]))
+        if (!items[i]->isVisible() || InkLayer::holds(items[i]))
             continue;
         painted.append(items[i]);
         paintedOptions.append(options[i]);
