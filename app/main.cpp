@@ -48,6 +48,10 @@ int main(int argc, char* argv[])
     }
 
     leaveScalingToTheBoard();
+    // Nothing on the board draws with OpenGL. Windows that could take it make the X11
+    // platform look for an OpenGL visual for each of them, which loads the OpenGL driver
+    // (with a software one, a compiler of some 40 MB) before the first window is mapped.
+    QCoreApplication::setAttribute(Qt::AA_ForceRasterWidgets);
     BoardApp app(argc, argv);
     int result = 0;
     if (app.isSecondary()) {
