@@ -3,7 +3,7 @@
 #include "tests/e2e/e2e-board.h"
 #include "tests/e2e/sway-session.h"
 #include "tests/e2e/toolbar-layout.h"
-#include "tests/e2e/vnc-pointer.h"
+#include "tests/e2e/vnc-input.h"
 #include "tests/e2e/x11-probe.h"
 #include "tests/test-output.h"
 
@@ -65,6 +65,7 @@ private slots:
     void hideAndShowOrHideTakeBoardAwayAndBack();
     void penChosenOnTheToolbarDrawsWhereThePointerWent();
     void toolbarUndoUndoesAfterDrawing();
+    void closeButtonAndEscapeTakeToolbarAndCanvasAway();
 
 private:
     ToolbarLayout measureToolbarInSession() const;
@@ -82,7 +83,7 @@ private:
     std::unique_ptr<X11Probe> probe;
     std::unique_ptr<E2eBoard> board;
     QProcess xterm;
-    VncPointer pointer;
+    VncInput pointer;
     ToolbarLayout layout;
 };
 
@@ -144,11 +145,12 @@ ToolbarLayout TestBoardWaylandE2e::measureToolbarInSession() const
     if (!measure.waitForFinished(30000) || measure.exitCode() != 0)
         return measured;
     const QList<QByteArray> n = measure.readAllStandardOutput().trimmed().split(' ');
-    if (n.size() != 6)
+    if (n.size() != 8)
         return measured;
     measured.size = QSize(n[0].toInt(), n[1].toInt());
     measured.penCentre = QPoint(n[2].toInt(), n[3].toInt());
     measured.undoCentre = QPoint(n[4].toInt(), n[5].toInt());
+    measured.closeCentre = QPoint(n[6].toInt(), n[7].toInt());
     return measured;
 }
 
@@ -309,13 +311,43 @@ void TestBoardWaylandE2e::toolbarUndoUndoesAfterDrawing()
     QVERIFY(toolbarShown(screen("wayland-undone")));
 }
 
+void TestBoardWaylandE2e::closeButtonAndEscapeTakeToolbarAndCanvasAway()
+{
+    QVERIFY(revealToolbar());
+    const QRect bar = toolbarRect();
+    QVERIFY(pointer.click(bar.topLeft() + layout.closeCentre));
+    QTRY_VERIFY_WITH_TIMEOUT(probe->viewableWindowsOf(board->pid()).isEmpty(), 5000);
+    QTRY_VERIFY_WITH_TIMEOUT(near(screen().pixelColor(bar.center()), kXterm), 5000);
+    QVERIFY(board->send(R"({"type":"show_or_hide"})"));
+    QTRY_VERIFY_WITH_TIMEOUT(
+        probe->canvasOf(board->pid()).id != 0 && probe->toolbarOf(board->pid()).id != 0, 5000);
+    QVERIFY(revealToolbar());
+    QTRY_VERIFY_WITH_TIMEOUT(toolbarShown(screen()), 5000);
+
+    // The compositor gives the keyboard to the window under a click; a click without a move
+    // leaves no ink.
+    QVERIFY(pointer.click(QPoint(900, 300)));
+    constexpr quint32 kEscape = 0xff1b;
+    QVERIFY(pointer.typeKey(kEscape));
+    QTRY_VERIFY_WITH_TIMEOUT(probe->viewableWindowsOf(board->pid()).isEmpty(), 5000);
+    QTRY_COMPARE_WITH_TIMEOUT(whereProgramsHide(screen("wayland-escaped")), QString(), 5000);
+    QTRY_VERIFY_WITH_TIMEOUT(near(screen().pixelColor(bar.center()), kXterm), 5000);
+
+    QVERIFY(board->send(R"({"type":"show_or_hide"})"));
+    QTRY_VERIFY_WITH_TIMEOUT(
+        probe->canvasOf(board->pid()).id != 0 && probe->toolbarOf(board->pid()).id != 0, 5000);
+    QVERIFY(revealToolbar());
+    QTRY_VERIFY_WITH_TIMEOUT(toolbarShown(screen()), 5000);
+}
+
 int main(int argc, char** argv)
 {
     QApplication app(argc, argv);
     if (argc > 1 && qstrcmp(argv[1], "--measure-toolbar") == 0) {
         const ToolbarLayout m = measureToolbarLayout();
-        std::printf("%d %d %d %d %d %d\n", m.size.width(), m.size.height(), m.penCentre.x(),
-                    m.penCentre.y(), m.undoCentre.x(), m.undoCentre.y());
+        std::printf("%d %d %d %d %d %d %d %d\n", m.size.width(), m.size.height(), m.penCentre.x(),
+                    m.penCentre.y(), m.undoCentre.x(), m.undoCentre.y(), m.closeCentre.x(),
+                    m.closeCentre.y());
         return m.size.isEmpty() ? 1 : 0;
     }
     TestBoardWaylandE2e test;

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 pallo-board developers
 // SPDX-License-Identifier: MIT
-#include "tests/e2e/vnc-pointer.h"
+#include "tests/e2e/vnc-input.h"
 
 #include <QLineF>
 #include <QTest>
@@ -15,13 +15,13 @@ constexpr int kStepMs = 15;
 constexpr qreal kDragStepPx = 10;
 } // namespace
 
-bool VncPointer::fail(const QString& why)
+bool VncInput::fail(const QString& why)
 {
     m_error = why;
     return false;
 }
 
-bool VncPointer::readExactly(char* data, qint64 size)
+bool VncInput::readExactly(char* data, qint64 size)
 {
     qint64 got = 0;
     while (got < size) {
@@ -35,7 +35,7 @@ bool VncPointer::readExactly(char* data, qint64 size)
     return true;
 }
 
-bool VncPointer::connectTo(const QString& socketPath)
+bool VncInput::connectTo(const QString& socketPath)
 {
     m_socket.connectToServer(socketPath);
     if (!m_socket.waitForConnected(kTimeoutMs))
@@ -65,7 +65,7 @@ bool VncPointer::connectTo(const QString& socketPath)
     return true;
 }
 
-bool VncPointer::pointer(const QPoint& point, bool leftDown)
+bool VncInput::pointer(const QPoint& point, bool leftDown)
 {
     char message[6];
     message[0] = 5;
@@ -79,17 +79,33 @@ bool VncPointer::pointer(const QPoint& point, bool leftDown)
     return true;
 }
 
-bool VncPointer::moveTo(const QPoint& point)
+bool VncInput::key(quint32 keysym, bool down)
+{
+    char message[8] = {4, char(down ? 1 : 0), 0, 0};
+    qToBigEndian<quint32>(keysym, message + 4);
+    if (m_socket.write(message, 8) != 8 || m_socket.state() != QLocalSocket::ConnectedState)
+        return fail("cannot send a key event");
+    m_socket.flush();
+    QTest::qWait(kStepMs);
+    return true;
+}
+
+bool VncInput::typeKey(quint32 keysym)
+{
+    return key(keysym, true) && key(keysym, false);
+}
+
+bool VncInput::moveTo(const QPoint& point)
 {
     return pointer(point, false);
 }
 
-bool VncPointer::click(const QPoint& point)
+bool VncInput::click(const QPoint& point)
 {
     return pointer(point, false) && pointer(point, true) && pointer(point, false);
 }
 
-bool VncPointer::drag(const QList<QPoint>& points)
+bool VncInput::drag(const QList<QPoint>& points)
 {
     if (points.isEmpty())
         return true;
