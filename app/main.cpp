@@ -9,6 +9,7 @@
 #endif
 #include "bridge/bridge.h"
 #include "common/scale-factor.h"
+#include "logging/startup-steps.h"
 #include "pallo-version.h"
 
 #include <QGuiApplication>
@@ -23,6 +24,7 @@
 
 int main(int argc, char* argv[])
 {
+    markStartupStep("main");
     bg::InitBridge(argc, argv);
     std::atexit(bg::UninitBridge);
     bg::BridgeInterface* bridge = bg::GetBridge();
@@ -53,6 +55,7 @@ int main(int argc, char* argv[])
     // (with a software one, a compiler of some 40 MB) before the first window is mapped.
     QCoreApplication::setAttribute(Qt::AA_ForceRasterWidgets);
     BoardApp app(argc, argv);
+    markStartupStep("application made");
     int result = 0;
     if (app.isSecondary()) {
         app.sendMessage("show", 100);
@@ -71,6 +74,7 @@ int main(int argc, char* argv[])
         // Qt 6 has no codec to choose: its local 8-bit text is UTF-8 on Linux already.
         QTextCodec::setCodecForLocale(QTextCodec::codecForName("utf8"));
 #endif
+        markStartupStep("event loop");
         result = QApplication::exec();
         translator.reset();
     }

@@ -8,6 +8,7 @@
 #include "common/scale-factor.h"
 #include "common/window-layering.h"
 #include "logging/log-categories.h"
+#include "logging/startup-steps.h"
 #include "toolbar/control-menu.h"
 #include "toolbar/edge-hide-dialog.h"
 #include "toolbar/edge-tab.h"
@@ -58,6 +59,7 @@ CtrlForm::CtrlForm(QWidget* parent)
       m_scale(screenScaleFactor())
 {
     ui->setupUi(this);
+    markStartupStep("toolbar ui");
     scaleForScreen();
     m_titleAction = new QAction(tr("CtrlForm.Text.Title"));
     m_aboutAction = new QAction(tr("CtrlForm.Btn.AboutUs"));
@@ -67,6 +69,7 @@ CtrlForm::CtrlForm(QWidget* parent)
     view->attachCtrlForm(this);
     installEventFilter(view);
     m_view = view;
+    markStartupStep("canvas view");
 
     ui->toolButton_pen->setText("brush");
     ui->toolButton_drag->setText("drag");
@@ -99,7 +102,9 @@ CtrlForm::CtrlForm(QWidget* parent)
                            ui->toolButton_pen, ui->toolButton_choose})
         b->installEventFilter(this);
 
+    markStartupStep("buttons");
     buildMenus();
+    markStartupStep("menus");
     adjustSize();
 
     // The canvas starts with the remembered text size.
@@ -250,6 +255,7 @@ void CtrlForm::showCanvasFullScreen()
     // at its natural size, where that layout would. Its buttons take their final size from
     // the stylesheet only once shown, so this waits for the event loop's next turn.
     QTimer::singleShot(0, this, [this] {
+        markStartupStep("first turn after the canvas is shown");
         QScreen* screen = QGuiApplication::primaryScreen();
         if (!isWindow() || !screen || m_collapsed)
             return;
