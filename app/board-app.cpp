@@ -2,10 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "app/board-app.h"
 
+#include "bridge/bridge.h"
 #include "common/scale-factor.h"
 #include "common/style-sheet-loader.h"
-#include "bridge/bridge.h"
 #include "host/local-holder.h"
+#include "logging/startup-steps.h"
 #include "toolbar/ctrl-form.h"
 
 #include <QMetaObject>
@@ -60,6 +61,7 @@ void BoardApp::Initialize()
         QCoreApplication::exit(-1);
         return;
     }
+    markStartupStep("initialize");
     const QString pipeName = pipeNameOption();
     holder = new LocalHolder(this);
     // A failed Connect leaves a broken client behind that reports a disconnection on
@@ -78,10 +80,16 @@ void BoardApp::Initialize()
     connect(holder, &LocalHolder::HideBoard, this, &BoardApp::HideBoard);
     connect(holder, &LocalHolder::CircleEditMode, this, &BoardApp::CircleEditMode);
 
-    ctrlForm = new CtrlForm;
-    ctrlForm->enterChooseState();
+    markStartupStep("pipe connected");
+    // Styled before any widget exists, so that each is polished once, with its final style.
     loadApplicationStyleSheet();
+    markStartupStep("stylesheet");
+    ctrlForm = new CtrlForm;
+    markStartupStep("toolbar made");
+    ctrlForm->enterChooseState();
+    markStartupStep("choose state");
     ctrlForm->showCanvasFullScreen();
+    markStartupStep("canvas shown");
 
     // Host undo and redo travel the same road as the toolbar's own buttons.
     connect(holder, &LocalHolder::BoardUndo, ctrlForm, &CtrlForm::sg_undo);

@@ -19,9 +19,9 @@ ToolbarLayout measureToolbarLayout()
 
     // In the order the board starts its own.
     ToolbarLayout layout;
+    loadApplicationStyleSheet();
     std::unique_ptr<CtrlForm> form = std::make_unique<CtrlForm>();
     form->enterChooseState();
-    loadApplicationStyleSheet();
     form->showCanvasFullScreen();
     // The toolbar takes its natural size on the event loop's turn after showing.
     if (QTest::qWaitForWindowExposed(form.get()) &&
