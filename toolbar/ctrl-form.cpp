@@ -676,19 +676,52 @@ bool CtrlForm::handleButtonPress(QToolButton* button, QMouseEvent* event)
 void CtrlForm::enterEvent(EnterEvent* event)
 {
     m_mouseInside = true;
-    if (m_hideTimerId != 0) {
-        killTimer(m_hideTimerId);
-        m_hideTimerId = 0;
-    }
+    m_pointerLeft = false;
+    stopWatchingForDock();
     QWidget::enterEvent(event);
 }
 
 void CtrlForm::leaveEvent(QEvent* event)
 {
     m_mouseInside = false;
-    if (m_hideTimerId == 0)
-        m_hideTimerId = startTimer(dockCheckMs, Qt::CoarseTimer);
+    m_pointerLeft = true;
+    watchForDock();
     QWidget::leaveEvent(event);
+}
+
+// The dock check rests once it has found the toolbar hidden, folded, docked or away from
+// the edges, and wakes again when the toolbar is shown, moved or resized, the only ways
+// out of those; an idle toolbar then costs no wake-ups.
+void CtrlForm::showEvent(QShowEvent* event)
+{
+    watchForDock();
+    QWidget::showEvent(event);
+}
+
+void CtrlForm::moveEvent(QMoveEvent* event)
+{
+    watchForDock();
+    QWidget::moveEvent(event);
+}
+
+void CtrlForm::resizeEvent(QResizeEvent* event)
+{
+    watchForDock();
+    QWidget::resizeEvent(event);
+}
+
+void CtrlForm::watchForDock()
+{
+    if (m_pointerLeft && m_hideTimerId == 0)
+        m_hideTimerId = startTimer(dockCheckMs, Qt::CoarseTimer);
+}
+
+void CtrlForm::stopWatchingForDock()
+{
+    if (m_hideTimerId != 0) {
+        killTimer(m_hideTimerId);
+        m_hideTimerId = 0;
+    }
 }
 
 bool CtrlForm::anyMenuVisible() const
@@ -703,13 +736,18 @@ void CtrlForm::timerEvent(QTimerEvent* event)
         QWidget::timerEvent(event);
         return;
     }
-    if (m_collapsed || m_mouseInside || anyMenuVisible() || !isVisible())
+    if (m_mouseInside || anyMenuVisible())
         return;
+    if (m_collapsed || !isVisible()) {
+        stopWatchingForDock();
+        return;
+    }
     // The pointer on its way to or back from a menu, or resting where a menu just closed,
     // is still using the toolbar.
     if (m_menuArea.isValid() && m_menuArea.united(globalFrame()).contains(QCursor::pos()))
         return;
     m_menuArea = QRect();
+    stopWatchingForDock();
     dock();
 }
 

@@ -138,6 +138,9 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void enterEvent(EnterEvent* event) override;
     void leaveEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void buildGroups();
@@ -145,6 +148,8 @@ private:
     void scaleForScreen();
     bool handleButtonPress(QToolButton* button, QMouseEvent* event);
     bool anyMenuVisible() const;
+    void watchForDock();
+    void stopWatchingForDock();
     void dock();
     void restoreFromStrip();
     void placeMenu(QWidget* menu, QWidget* button, QSize size, bool beside);
@@ -184,6 +189,8 @@ private:
     int m_stripThickness = 2;
     int m_hideTimerId = 0;
     bool m_mouseInside = false;
+    // The pointer has left the toolbar since it last came in.
+    bool m_pointerLeft = false;
     int m_dockSide = 0;
     bool m_hiddenDocked = false;
     // Where the last menu opened, until the pointer has left it and the toolbar.

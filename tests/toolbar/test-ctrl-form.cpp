@@ -129,6 +129,7 @@ private slots:
     void menuPlacementFlipsNearBottom();
     void docksAfterLeaving();
     void docksTopBeforeLeft();
+    void dockCheckRestsAwayFromEdgesUntilMoved();
     void noDockingWhileMenuOpenOrFolded();
     void noDockingWhilePointerWhereAMenuWas();
     void stripBringsToolbarBack();
@@ -947,6 +948,27 @@ void TestCtrlForm::docksTopBeforeLeft()
     sendCrossing(m_form, QEvent::Leave);
     QTRY_VERIFY(!m_form->isVisible());
     QCOMPARE(m_form->edgeStrip()->side(), 1);
+}
+
+void TestCtrlForm::dockCheckRestsAwayFromEdgesUntilMoved()
+{
+    QVERIFY(makeFloating(QPoint(500, 500)));
+    sendCrossing(m_form, QEvent::Leave);
+    QVERIFY(m_form->isDockTimerRunning());
+    // Away from the edges there is nothing to do until the toolbar moves.
+    QTRY_VERIFY(!m_form->isDockTimerRunning());
+    QVERIFY(m_form->isVisible());
+    QVERIFY(!m_form->edgeStrip());
+    m_form->move(500, 0);
+    QTRY_VERIFY(!m_form->isVisible());
+    QVERIFY(m_form->edgeStrip()->isVisible());
+    QCOMPARE(m_form->edgeStrip()->side(), 1);
+    QVERIFY(!m_form->isDockTimerRunning());
+    // Brought back by its strip, it docks again once the pointer has gone.
+    sendCrossing(m_form->edgeStrip(), QEvent::Enter);
+    QTRY_VERIFY(m_form->isVisible());
+    QTRY_VERIFY(!m_form->isVisible());
+    QVERIFY(m_form->edgeStrip()->isVisible());
 }
 
 void TestCtrlForm::noDockingWhileMenuOpenOrFolded()
