@@ -244,6 +244,24 @@ void CtrlForm::enterChooseState()
     ui->toolButton_choose->click();
     ui->toolButton_choose->setStyleSheet(toolbar_styles::chooseStyle("choose"));
     ui->toolButton_choose->setChecked(true);
+    // Styled already, the toolbar may have its final size now: then it is never seen at
+    // that size anywhere but its place.
+    placeAtStart();
+}
+
+// In select mode the toolbar is a window of its own, out of the view's layout: put it, at
+// its natural size, where that layout would.
+void CtrlForm::placeAtStart()
+{
+    QScreen* screen = QGuiApplication::primaryScreen();
+    if (!isWindow() || !screen || m_collapsed)
+        return;
+    // A window's layout also sets its minimum size, from the unstyled buttons until it
+    // runs again.
+    layout()->activate();
+    if (minimumSize() != maximumSize())
+        resize(sizeHint());
+    move(toolbar_geometry::startPosition(size(), screen->geometry()));
 }
 
 void CtrlForm::showCanvasFullScreen()
@@ -251,20 +269,11 @@ void CtrlForm::showCanvasFullScreen()
     if (!m_view)
         return;
     window_layering::showCanvasOverScreen(m_view);
-    // In select mode the toolbar is a window of its own, out of the view's layout: put it,
-    // at its natural size, where that layout would. Its buttons take their final size from
-    // the stylesheet only once shown, so this waits for the event loop's next turn.
+    // The toolbar's buttons take their final size from the stylesheet only once shown, so
+    // it is placed again on the event loop's next turn.
     QTimer::singleShot(0, this, [this] {
         markStartupStep("first turn after the canvas is shown");
-        QScreen* screen = QGuiApplication::primaryScreen();
-        if (!isWindow() || !screen || m_collapsed)
-            return;
-        // A window's layout also sets its minimum size, from the unstyled buttons until
-        // it runs again.
-        layout()->activate();
-        if (minimumSize() != maximumSize())
-            resize(sizeHint());
-        move(toolbar_geometry::startPosition(size(), screen->geometry()));
+        placeAtStart();
     });
     // Nor does anything keep a stay-on-top window above one mapped after it.
     raiseOverCanvas();

@@ -148,6 +148,7 @@ private:
     void scaleForScreen();
     bool handleButtonPress(QToolButton* button, QMouseEvent* event);
     bool anyMenuVisible() const;
+    void placeAtStart();
     void watchForDock();
     void stopWatchingForDock();
     void dock();
