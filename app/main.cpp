@@ -55,6 +55,9 @@ int main(int argc, char* argv[])
     // (with a software one, a compiler of some 40 MB) before the first window is mapped.
     QCoreApplication::setAttribute(Qt::AA_ForceRasterWidgets);
     BoardApp app(argc, argv);
+    // A stroke is the path the hand took: merging the motions that queue up while the board
+    // is busy would cut its corners. The X11 platform turns the merging on as it starts.
+    QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
     markStartupStep("application made");
     int result = 0;
     if (app.isSecondary()) {
