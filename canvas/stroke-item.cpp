@@ -53,6 +53,16 @@ void StrokeItem::segmentAdded(const QRectF& segment)
     m_bounds = pallo::StrokePath::roomToGrow(tightBounds());
 }
 
+void StrokeItem::finishGrowing()
+{
+    m_stroke.compact();
+    const QRectF tight = tightBounds();
+    if (tight == m_bounds)
+        return;
+    prepareGeometryChange();
+    m_bounds = tight;
+}
+
 void StrokeItem::fitBounds()
 {
     m_bounds = tightBounds();

@@ -18,8 +18,9 @@ public:
 
     QRectF boundingRect() const override;
 
-    // The stroke is finished: what was kept for it to grow is given back.
-    void finishGrowing() { m_stroke.compact(); }
+    // The stroke is finished: what was kept for it to grow is given back, the room in its
+    // bounds too, so that the scene does not find it under areas it does not paint.
+    void finishGrowing();
 
 protected:
     explicit StrokeItem(const QPainterPath& path = QPainterPath());

@@ -29,6 +29,7 @@ private slots:
     void growingStrokeRepaintsLikeAFullRepaint_data();
     void growingStrokeRepaintsLikeAFullRepaint();
     void movedStrokeRepaintsPartLikeWhole();
+    void finishedStrokeIsFoundOnlyNearItsInk();
 };
 
 void TestCurveItem::cleanup()
@@ -220,6 +221,30 @@ void TestCurveItem::movedStrokeRepaintsPartLikeWhole()
     }
     QCOMPARE(recorder->image(), whole);
     QVERIFY(qAlpha(whole.pixel(57 + 37, 150 - 21 + qRound(60 * qSin(37 / 8.0)))) > 100);
+}
+
+void TestCurveItem::finishedStrokeIsFoundOnlyNearItsInk()
+{
+    pallo::GraphicsView view(true, nullptr);
+    view.resize(400, 300);
+    DrawManagerEx* manager = view.drawManager();
+    manager->slot_figure("brush");
+    manager->slot_width(3);
+    manager->slot_mousestate("press", 50, 100);
+    manager->slot_mousestate("move", 100, 104);
+    // While it grows, the stroke keeps room around it to grow into.
+    auto* curve = qgraphicsitem_cast<CurveItem*>(view.scene()->items().first());
+    QVERIFY(curve);
+    manager->slot_mousestate("move", 200, 110);
+    QVERIFY(curve->boundingRect().top() <= 110 - 24);
+    manager->slot_mousestate("release", 200, 110);
+
+    // Finished, it reaches half its width and two pixels beyond its points, no farther: the
+    // scene finds it under an area 10 px below its ink no more.
+    QCOMPARE(curve->boundingRect(),
+             QRectF(QPointF(50, 100), QPointF(200, 110)).adjusted(-3.5, -3.5, 3.5, 3.5));
+    QVERIFY(view.scene()->items(QRectF(60, 125, 100, 10)).isEmpty());
+    QCOMPARE(view.scene()->items(QRectF(60, 100, 100, 10)).size(), 1);
 }
 
 QTEST_MAIN(TestCurveItem)
