@@ -81,22 +81,15 @@ void clearBenchmark(benchmark::State& state, bool measureUndo)
                 times);
 }
 
-void repaintBenchmark(benchmark::State& state)
+// One step done to the whole canvas holding kClearItems strokes.
+void wholeCanvasBenchmark(benchmark::State& state, const QString& what,
+                          void (CanvasFixture::*step)())
 {
     CanvasFixture canvas(kClearItems, s_inkLayer);
     std::vector<double> times;
     for (auto _ : state)
-        record(state, timeNs([&] { canvas.repaintAll(); }), times);
-    s_table.add("repaint whole canvas", "-", QString::number(kClearItems), times);
-}
-
-void hideShowBenchmark(benchmark::State& state)
-{
-    CanvasFixture canvas(kClearItems, s_inkLayer);
-    std::vector<double> times;
-    for (auto _ : state)
-        record(state, timeNs([&] { canvas.hideAndShow(); }), times);
-    s_table.add("hide and show again", "-", QString::number(kClearItems), times);
+        record(state, timeNs([&] { (canvas.*step)(); }), times);
+    s_table.add(what, "-", QString::number(kClearItems), times);
 }
 
 // Bytes of heap in use, as the C library counts them.
@@ -180,12 +173,14 @@ int main(int argc, char** argv)
         ->Iterations(kWholeCanvasSteps)
         ->UseManualTime()
         ->Unit(benchmark::kMillisecond);
-    benchmark::RegisterBenchmark("repaint/whole-canvas/items:10000", repaintBenchmark)
+    benchmark::RegisterBenchmark("repaint/whole-canvas/items:10000", wholeCanvasBenchmark,
+                                 QString("repaint whole canvas"), &CanvasFixture::repaintAll)
         ->Iterations(kWholeCanvasSteps)
         ->UseManualTime()
         ->Unit(benchmark::kMillisecond);
 
-    benchmark::RegisterBenchmark("hide-show/items:10000", hideShowBenchmark)
+    benchmark::RegisterBenchmark("hide-show/items:10000", wholeCanvasBenchmark,
+                                 QString("hide and show again"), &CanvasFixture::hideAndShow)
         ->Iterations(kWholeCanvasSteps)
         ->UseManualTime()
         ->Unit(benchmark::kMillisecond);

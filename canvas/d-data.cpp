@@ -18,8 +18,6 @@
 #include <QGraphicsScene>
 #include <QUndoStack>
 
-#include <algorithm>
-
 DData::DData(QGraphicsScene* scene, QGraphicsView* view, QObject* parent)
     : QObject(parent), m_scene(scene), m_view(view), m_undoStack(new QUndoStack(this))
 {
@@ -56,11 +54,9 @@ void DData::insertRecord(int index, const ItemRecord& record)
 
 void DData::removeRecordAt(int index)
 {
-    const QGraphicsItem* item = m_records.at(index).item;
+    // An item has one record at most: the commands never list it twice.
+    m_recorded.remove(m_records.at(index).item);
     m_records.removeAt(index);
-    if (!std::any_of(m_records.cbegin(), m_records.cend(),
-                     [item](const ItemRecord& record) { return record.item == item; }))
-        m_recorded.remove(item);
 }
 
 void DData::add(const StrokeRecord& stroke)

@@ -238,11 +238,11 @@ void InkLayer::paintOver(const QVector<QGraphicsItem*>& wanted, int from)
         picture.patches.clear();
         picture.patchBytes = 0;
     } else {
-        picture.patchBytes += bytes;
+        picture.patchBytes += patch.pixels.sizeInBytes();
         picture.patches.append(std::move(patch));
         while (picture.patchBytes > kMostPatchBytes || picture.patches.size() > kMostPatches) {
             const QImage& oldest = picture.patches.first().pixels;
-            picture.patchBytes -= qint64(oldest.width()) * oldest.height() * 4;
+            picture.patchBytes -= oldest.sizeInBytes();
             picture.patches.removeFirst();
         }
     }
@@ -269,7 +269,7 @@ bool InkLayer::takeBack(int count)
     for (int i = picture.patches.size() - 1; i >= first; --i) {
         const Patch& patch = picture.patches.at(i);
         painter.drawImage(patch.at, patch.pixels);
-        picture.patchBytes -= qint64(patch.pixels.width()) * patch.pixels.height() * 4;
+        picture.patchBytes -= patch.pixels.sizeInBytes();
     }
     painter.end();
     picture.patches.resize(first);
