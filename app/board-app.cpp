@@ -84,12 +84,14 @@ void BoardApp::Initialize()
     // Styled before any widget exists, so that each is polished once, with its final style.
     loadApplicationStyleSheet();
     markStartupStep("stylesheet");
-    ctrlForm = new CtrlForm;
+    // The canvas is mapped first, the toolbar after it and so above it; both in this one
+    // turn of the event loop, so that no host command finds the board half built.
+    ctrlForm = new CtrlForm(nullptr, CtrlForm::CanvasShown::AtOnce);
     markStartupStep("toolbar made");
     ctrlForm->enterChooseState();
     markStartupStep("choose state");
     ctrlForm->showCanvasFullScreen();
-    markStartupStep("canvas shown");
+    markStartupStep("toolbar over the canvas");
 
     // Host undo and redo travel the same road as the toolbar's own buttons.
     connect(holder, &LocalHolder::BoardUndo, ctrlForm, &CtrlForm::sg_undo);

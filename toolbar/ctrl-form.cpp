@@ -53,11 +53,19 @@ QScreen* screenAtOrPrimary(const QPoint& p)
 }
 } // namespace
 
-CtrlForm::CtrlForm(QWidget* parent)
+CtrlForm::CtrlForm(QWidget* parent, CanvasShown canvasShown)
     : QWidget(parent), ui(new Ui::CtrlForm), m_figure_group(new QButtonGroup(this)),
       m_color_group(new QButtonGroup(this)), m_settings(openBoardSettings(this)),
       m_scale(screenScaleFactor())
 {
+    auto* view = new pallo::GraphicsView(true, nullptr);
+    m_view = view;
+    markStartupStep("canvas view");
+    if (canvasShown == CanvasShown::AtOnce) {
+        window_layering::showCanvasOverScreen(view);
+        markStartupStep("canvas shown");
+    }
+
     ui->setupUi(this);
     markStartupStep("toolbar ui");
     scaleForScreen();
@@ -65,11 +73,8 @@ CtrlForm::CtrlForm(QWidget* parent)
     m_aboutAction = new QAction(tr("CtrlForm.Btn.AboutUs"));
     m_versionAction = new QAction(tr("CtrlForm.Btn.VersionCheck"));
 
-    auto* view = new pallo::GraphicsView(true, nullptr);
     view->attachCtrlForm(this);
     installEventFilter(view);
-    m_view = view;
-    markStartupStep("canvas view");
 
     ui->toolButton_pen->setText("brush");
     ui->toolButton_drag->setText("drag");

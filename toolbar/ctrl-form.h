@@ -42,7 +42,17 @@ class CtrlForm : public QWidget
     Q_OBJECT
 
 public:
-    explicit CtrlForm(QWidget* parent = nullptr);
+    // When the canvas comes on screen: with the toolbar, by showCanvasFullScreen(), or as
+    // soon as it exists, before the rest of the toolbar is built, which is how the board
+    // starts, so that the screen is covered sooner.
+    enum class CanvasShown
+    {
+        WithToolbar,
+        AtOnce
+    };
+
+    explicit CtrlForm(QWidget* parent = nullptr,
+                      CanvasShown canvasShown = CanvasShown::WithToolbar);
     ~CtrlForm() override;
 
     // The exclusive group of the tool buttons; id 5 is the text tool.

@@ -130,13 +130,13 @@ void TestTransformE2e::init()
 {
     QCOMPARE(QGuiApplication::platformName(), QString("xcb"));
     QCoreApplication::installTranslator(&m_translator);
-    // In the order the board starts its own: the toolbar, its start state, the look, and
-    // the canvas over the whole screen.
-    auto* form = new CtrlForm;
+    // In the order the board starts its own: the look, the canvas over the whole screen
+    // with the toolbar built after it, and the toolbar's start state over the canvas.
+    loadApplicationStyleSheet();
+    auto* form = new CtrlForm(nullptr, CtrlForm::CanvasShown::AtOnce);
     m_view = form->canvasView();
     m_owner.reset(m_view);
     form->enterChooseState();
-    loadApplicationStyleSheet();
     form->showCanvasFullScreen();
     QVERIFY(QTest::qWaitForWindowExposed(m_view));
     QCOMPARE(m_view->geometry(), QGuiApplication::primaryScreen()->geometry());

@@ -20,7 +20,8 @@ ToolbarLayout measureToolbarLayout()
     // In the order the board starts its own.
     ToolbarLayout layout;
     loadApplicationStyleSheet();
-    std::unique_ptr<CtrlForm> form = std::make_unique<CtrlForm>();
+    std::unique_ptr<CtrlForm> form =
+        std::make_unique<CtrlForm>(nullptr, CtrlForm::CanvasShown::AtOnce);
     form->enterChooseState();
     form->showCanvasFullScreen();
     // The toolbar takes its natural size on the event loop's turn after showing.

@@ -16,6 +16,7 @@
 #include "tools/zoom-widget.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QBoxLayout>
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -27,6 +28,8 @@
 #include <QSettings>
 #include <QToolButton>
 #include <QtTest>
+
+#include <algorithm>
 
 // Records the toolbar's signals in the order they arrive, e.g. "test", "figure:rect".
 class SignalLog : public QObject
@@ -98,6 +101,7 @@ private slots:
     void leavingSelectModeEmitsTestFirst();
     void chooseEmitsOnlyChoose();
     void startsOnTheTopEdgeNearTheRight();
+    void canvasFirstMapsBeforeTheMenusExist();
     void dragFromControlMenu();
     void circleEditModeToggles();
     void penKinds_data();
@@ -355,6 +359,72 @@ void TestCtrlForm::startsOnTheTopEdgeNearTheRight()
     QVERIFY(QTest::qWaitForWindowExposed(m_form));
     QVERIFY(m_form->isWindow());
     const QRect screen = QGuiApplication::primaryScreen()->geometry();
+    QTRY_COMPARE(m_form->frameGeometry().size(), m_form->sizeHint());
+    QTRY_COMPARE(m_form->frameGeometry().top(), screen.top());
+    QTRY_COMPARE(screen.right() - m_form->frameGeometry().right(), 50);
+}
+
+namespace {
+// Notes the canvas and the toolbar in the order they are first shown, and whether the pen
+// menu, one of the last parts of the toolbar to be built, existed when the canvas was.
+class ShowOrder : public QObject
+{
+public:
+    ShowOrder() { qApp->installEventFilter(this); }
+    ~ShowOrder() override { qApp->removeEventFilter(this); }
+
+    QStringList shown;
+    bool penMenuAtCanvasShow = false;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() != QEvent::Show)
+            return false;
+        QString name;
+        if (qobject_cast<pallo::GraphicsView*>(watched))
+            name = QStringLiteral("canvas");
+        else if (qobject_cast<CtrlForm*>(watched))
+            name = QStringLiteral("toolbar");
+        if (name.isEmpty() || shown.contains(name))
+            return false;
+        shown << name;
+        if (name == QLatin1String("canvas")) {
+            const QWidgetList windows = QApplication::topLevelWidgets();
+            penMenuAtCanvasShow = std::any_of(windows.begin(), windows.end(), [](QWidget* w) {
+                return qobject_cast<PenMenu*>(w) != nullptr;
+            });
+        }
+        return false;
+    }
+};
+} // namespace
+
+// Started as the board starts it, the canvas covers the screen before the toolbar's menus
+// are built; the toolbar then comes up over it just as it does when built whole.
+void TestCtrlForm::canvasFirstMapsBeforeTheMenusExist()
+{
+    storeSetting("pen_color", "#0000ff");
+    ShowOrder order;
+    m_form = new CtrlForm(nullptr, CtrlForm::CanvasShown::AtOnce);
+    pallo::GraphicsView* view = m_form->canvasView();
+    const QRect screen = QGuiApplication::primaryScreen()->geometry();
+    QVERIFY(view->isVisible());
+    QCOMPARE(view->geometry(), screen);
+    QVERIFY(!m_form->isVisible());
+    QCOMPARE(order.shown, QStringList({"canvas"}));
+    QVERIFY(!order.penMenuAtCanvasShow);
+
+    m_form->enterChooseState();
+    m_form->showCanvasFullScreen();
+    QCOMPARE(order.shown, QStringList({"canvas", "toolbar"}));
+    QVERIFY(QTest::qWaitForWindowExposed(view));
+    QVERIFY(QTest::qWaitForWindowExposed(m_form));
+    QVERIFY(m_form->isWindow());
+    QVERIFY(m_form->isChooseMode());
+    QVERIFY(view->chooseMode());
+    QCOMPARE(m_form->figureGroup()->checkedId(), 6);
+    QVERIFY(m_form->findChild<QCheckBox*>("checkBox_blue")->isChecked());
     QTRY_COMPARE(m_form->frameGeometry().size(), m_form->sizeHint());
     QTRY_COMPARE(m_form->frameGeometry().top(), screen.top());
     QTRY_COMPARE(screen.right() - m_form->frameGeometry().right(), 50);

@@ -73,8 +73,8 @@ void TestMenuTextsFit::textsFit()
     {
         // Built and opened as the board does: the stylesheet scaled for the screen, each
         // menu given its size and place by the toolbar as it opens.
-        auto form = std::make_unique<CtrlForm>();
         QVERIFY(loadApplicationStyleSheet());
+        auto form = std::make_unique<CtrlForm>(nullptr, CtrlForm::CanvasShown::AtOnce);
         form->enterChooseState();
         form->showCanvasFullScreen();
         QVERIFY(QTest::qWaitForWindowExposed(form.get()));
