@@ -2,7 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "bench/viewport-recorder.h"
 
+#include "canvas/frame-pacer.h"
+
 #include <QCoreApplication>
+#include <QGraphicsView>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QWidget>
@@ -25,6 +28,11 @@ bool ViewportRecorder::eventFilter(QObject* object, QEvent* event)
 
 void ViewportRecorder::settle()
 {
+    // Repaints gathered for the next frame count as pending too: each settle stands for a
+    // frame of its own.
+    if (auto* view = qobject_cast<QGraphicsView*>(m_viewport->parentWidget());
+        view && view->scene())
+        FramePacer::forScene(view->scene())->flush();
     // The scene processes its dirty items in a queued call, which asks the viewport for an
     // update; the update request is another posted event.
     QCoreApplication::sendPostedEvents();

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "canvas/stroke-item.h"
 
+#include "canvas/frame-pacer.h"
 #include "canvas/ink-layer.h"
 
 #include <QGraphicsScene>
@@ -43,10 +44,10 @@ void StrokeItem::segmentAdded(const QRectF& segment)
     const qreal r = reach();
     const QRectF dirty = segment.adjusted(-r, -r, r, r);
     if (m_bounds.contains(dirty)) {
-        // Straight to the scene's views: an update of the item would make the scene visit
-        // every drawn item before the next frame to find the dirty ones.
+        // Straight to the scene's views, once per frame: an update of the item would make
+        // the scene visit every drawn item before the next frame to find the dirty ones.
         if (QGraphicsScene* owner = scene(); owner && isVisible())
-            owner->update(mapRectToScene(dirty));
+            FramePacer::forScene(owner)->request(mapRectToScene(dirty));
         return;
     }
     prepareGeometryChange();
