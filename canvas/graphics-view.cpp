@@ -81,7 +81,11 @@ GraphicsView::GraphicsView(bool enable, QWidget* parent) : QGraphicsView(parent)
     setOptimizationFlag(QGraphicsView::IndirectPainting, true);
     installEventFilter(this);
 
-    slot_cursor("curve");
+    // The pencil is the first cursor. Its image, the first the process loads, is loaded
+    // once the event loop runs, so that it does not hold up the canvas's first showing: the
+    // board starts in desktop operation, where the canvas's cursor is not seen.
+    m_cursorName = QStringLiteral("curve");
+    QMetaObject::invokeMethod(this, &GraphicsView::setInitialCursor, Qt::QueuedConnection);
 
 #ifdef Q_OS_WIN
     installPenHook();
@@ -178,8 +182,21 @@ void GraphicsView::slot_dirchanged(QString str)
     m_settings->setValue("cutdirectory", str);
 }
 
+void GraphicsView::setInitialCursor()
+{
+    if (!m_initialCursorPending)
+        return;
+    m_initialCursorPending = false;
+    setCursor(cursorFromImage(":/images/pencil.png", 64));
+#ifdef Q_OS_WIN
+    updateNativeCursor();
+#endif
+}
+
 void GraphicsView::slot_cursor(QString cursor)
 {
+    // A name outside the table keeps the cursor there was, the pencil at first.
+    setInitialCursor();
     m_cursorName = cursor;
     bool changed = true;
     if (cursor == "normal")

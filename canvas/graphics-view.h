@@ -97,6 +97,7 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
+    void setInitialCursor();
     bool textItemUnderCursor(const QPoint& point);
     void attachHandlesAt(const QPoint& point);
     void forwardAsMouse(QTabletEvent* event, const QPointF& viewportPos);
@@ -129,6 +130,7 @@ private:
     bool m_dragMode = false;
     bool m_penDown = false;
     QString m_cursorName;
+    bool m_initialCursorPending = true;
     QPointF m_lastPenPoint;
 #ifdef Q_OS_WIN
     WNDPROC m_previousWindowProc = nullptr;

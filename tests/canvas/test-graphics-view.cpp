@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "canvas-test-support.h"
 #include "canvas/common-item.h"
+#include "canvas/cursor-image.h"
 #include "canvas/curve-item.h"
 #include "canvas/d-data.h"
 #include "canvas/draw-manager-ex.h"
@@ -52,6 +53,9 @@ private slots:
     void emptySettingValueIsKept();
     void dirChangedIsStored();
     void constructionState();
+    void firstCursorIsThePencil();
+    void cursorChosenBeforeTheLoopRuns_data();
+    void cursorChosenBeforeTheLoopRuns();
     void enableSetsInvisibleBackground();
     void paintsOnlyTheInvisibleFill();
     void toolbarSignalsReachManagerAndView();
@@ -200,6 +204,42 @@ void TestGraphicsView::constructionState()
     QVERIFY(!m_view->dragMode());
     QCOMPARE(m_view->horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
     QVERIFY(m_view->renderHints().testFlag(QPainter::Antialiasing));
+}
+
+void TestGraphicsView::firstCursorIsThePencil()
+{
+    QCOMPARE(m_view->cursor().shape(), Qt::BitmapCursor);
+    QCOMPARE(m_view->cursor().pixmap().toImage(),
+             cursorFromImage(":/images/pencil.png", 64).pixmap().toImage());
+    QCOMPARE(m_view->cursor().hotSpot(), QPoint(32, 32));
+}
+
+// The pencil is set once the event loop runs; a cursor asked for before that is the one
+// the canvas keeps, and a tool without a cursor of its own keeps the pencil.
+void TestGraphicsView::cursorChosenBeforeTheLoopRuns_data()
+{
+    QTest::addColumn<QString>("tool");
+    QTest::addColumn<QString>("image");
+    QTest::addColumn<int>("size");
+    QTest::newRow("erase") << "erase"
+                           << ":/images/erase.png" << 40;
+    QTest::newRow("highlighter") << "highlighter"
+                                 << ":/images/highlight.png" << 64;
+    QTest::newRow("rect") << "rect"
+                          << ":/images/pencil.png" << 64;
+}
+
+void TestGraphicsView::cursorChosenBeforeTheLoopRuns()
+{
+    QFETCH(QString, tool);
+    QFETCH(QString, image);
+    QFETCH(int, size);
+    pallo::GraphicsView view(true, nullptr);
+    view.slot_cursor(tool);
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(view.cursorName(), tool);
+    QCOMPARE(view.cursor().shape(), Qt::BitmapCursor);
+    QCOMPARE(view.cursor().pixmap().toImage(), cursorFromImage(image, size).pixmap().toImage());
 }
 
 void TestGraphicsView::enableSetsInvisibleBackground()
