@@ -31,6 +31,9 @@ CanvasFixture::CanvasFixture(int items, bool inkLayer)
         for (int i = 1; i < points.size(); ++i)
             drawing->slot_mousestate("move", points.at(i).x(), points.at(i).y());
         drawing->slot_mousestate("release", points.last().x(), points.last().y());
+        // Painted stroke by stroke, as on screen: the scene's index is built while the
+        // drawing grows, not once for all of it.
+        settle();
     }
     drawing->slot_color("#ff0000");
     repaintAll();

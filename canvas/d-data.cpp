@@ -19,7 +19,8 @@
 #include <QUndoStack>
 
 DData::DData(QGraphicsScene* scene, QGraphicsView* view, QObject* parent)
-    : QObject(parent), m_scene(scene), m_view(view), m_undoStack(new QUndoStack(this))
+    : QObject(parent), m_scene(scene), m_view(view), m_undoStack(new QUndoStack(this)),
+      m_indexFit(scene)
 {
 }
 
@@ -44,12 +45,14 @@ void DData::appendRecord(const ItemRecord& record)
 {
     m_records.append(record);
     m_recorded.insert(record.item);
+    m_indexFit.itemCountIs(m_records.size());
 }
 
 void DData::insertRecord(int index, const ItemRecord& record)
 {
     m_records.insert(index, record);
     m_recorded.insert(record.item);
+    m_indexFit.itemCountIs(m_records.size());
 }
 
 void DData::removeRecordAt(int index)

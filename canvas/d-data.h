@@ -3,6 +3,7 @@
 #pragma once
 
 #include "canvas/item-record.h"
+#include "canvas/scene-index-fit.h"
 
 #include <QColor>
 #include <QList>
@@ -73,4 +74,5 @@ private:
     // The items of m_records, so that finding a record does not cost more as drawing grows.
     QSet<const QGraphicsItem*> m_recorded;
     QUndoStack* m_undoStack;
+    SceneIndexFit m_indexFit;
 };
