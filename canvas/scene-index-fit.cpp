@@ -11,8 +11,9 @@ namespace {
 constexpr int kLeastCount = 64;
 // Qt's own choice for few items: 32 areas.
 constexpr int kShallowest = 5;
-// 65,536 areas of about 30 by 17 pixels on a 1920 by 1080 screen: smaller than a stroke.
-constexpr int kDeepest = 16;
+// 4,096 areas of 30 by 17 pixels on a 1920 by 1080 screen, smaller than a stroke: deeper
+// trees only cost each stroke more entries.
+constexpr int kDeepest = 12;
 } // namespace
 
 bool SceneIndexFit::refitDue(int fittedFor, int count)
@@ -32,7 +33,7 @@ void SceneIndexFit::itemCountIs(int count)
 int SceneIndexFit::depthFor(int count)
 {
     int depth = 0;
-    while (depth < kDeepest && (1 << depth) < count)
+    while (depth < kDeepest && (4 << depth) < count)
         ++depth;
     return std::max(depth, kShallowest);
 }

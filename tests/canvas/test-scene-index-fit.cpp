@@ -46,12 +46,11 @@ void TestSceneIndexFit::depthFor_data()
     QTest::addColumn<int>("count");
     QTest::addColumn<int>("depth");
     QTest::newRow("one") << 1 << 5;
-    QTest::newRow("32") << 32 << 5;
-    QTest::newRow("33") << 33 << 6;
-    QTest::newRow("64") << 64 << 6;
-    QTest::newRow("1000") << 1000 << 10;
-    QTest::newRow("10000") << 10000 << 14;
-    QTest::newRow("a million") << 1000000 << 16;
+    QTest::newRow("128") << 128 << 5;
+    QTest::newRow("129") << 129 << 6;
+    QTest::newRow("1000") << 1000 << 8;
+    QTest::newRow("10000") << 10000 << 12;
+    QTest::newRow("a million") << 1000000 << 12;
 }
 
 void TestSceneIndexFit::depthFor()
@@ -69,11 +68,11 @@ void TestSceneIndexFit::fitsOnlyWhenDue()
     fit.itemCountIs(10);
     QCOMPARE(scene.bspTreeDepth(), 3);
     fit.itemCountIs(100);
-    QCOMPARE(scene.bspTreeDepth(), 7);
+    QCOMPARE(scene.bspTreeDepth(), 5);
     fit.itemCountIs(150);
-    QCOMPARE(scene.bspTreeDepth(), 7);
+    QCOMPARE(scene.bspTreeDepth(), 5);
     fit.itemCountIs(300);
-    QCOMPARE(scene.bspTreeDepth(), 9);
+    QCOMPARE(scene.bspTreeDepth(), 7);
 }
 
 // As on the board: the canvas is shown, and strokes come one by one with repaints between.
