@@ -2,11 +2,23 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "canvas/graphics-view.h"
 #include "tests/test-output.h"
 
 #include <QGraphicsScene>
 #include <QImage>
 #include <QPainter>
+#include <QTest>
+
+// Shows the canvas as a plain window of the given size, the way the tests paint it; false if
+// it never came on screen.
+inline bool showAsWindow(pallo::GraphicsView& view, const QSize& size)
+{
+    view.setWindowState(Qt::WindowNoState);
+    view.resize(size);
+    view.show();
+    return QTest::qWaitForWindowExposed(&view);
+}
 
 // Renders the scene like the canvas's translucent window: onto transparent pixels, so that
 // the eraser's composition clears what lies beneath it.

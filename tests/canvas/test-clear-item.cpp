@@ -19,10 +19,7 @@ void TestClearItem::clearUndoAndRedoRepaintTheWindow()
 {
     const QSize size(400, 300);
     pallo::GraphicsView view(true, nullptr);
-    view.setWindowState(Qt::WindowNoState);
-    view.resize(size);
-    view.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&view));
+    QVERIFY(showAsWindow(view, size));
     auto* recorder = new ViewportRecorder(view.viewport(), size);
     recorder->repaintAll();
     const QImage empty = recorder->image();

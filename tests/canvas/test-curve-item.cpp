@@ -82,10 +82,7 @@ void TestCurveItem::draggingMovesAndUndoes()
 {
     qRegisterMetaType<QGraphicsPathItem*>();
     pallo::GraphicsView view(true, nullptr);
-    view.setWindowState(Qt::WindowNoState);
-    view.resize(400, 300);
-    view.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&view));
+    QVERIFY(showAsWindow(view, QSize(400, 300)));
     DrawManagerEx* manager = view.drawManager();
     manager->slot_figure("brush");
     manager->slot_mousestate("press", 50, 100);
@@ -149,10 +146,7 @@ void TestCurveItem::growingStrokeRepaintsLikeAFullRepaint()
     QFETCH(QString, tool);
     const QSize size(400, 300);
     pallo::GraphicsView view(true, nullptr);
-    view.setWindowState(Qt::WindowNoState);
-    view.resize(size);
-    view.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&view));
+    QVERIFY(showAsWindow(view, size));
     auto* recorder = new ViewportRecorder(view.viewport(), size);
     recorder->repaintAll();
 
@@ -192,10 +186,7 @@ void TestCurveItem::movedStrokeRepaintsPartLikeWhole()
 {
     const QSize size(400, 300);
     pallo::GraphicsView view(true, nullptr);
-    view.setWindowState(Qt::WindowNoState);
-    view.resize(size);
-    view.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&view));
+    QVERIFY(showAsWindow(view, size));
     auto* recorder = new ViewportRecorder(view.viewport(), size);
     DrawManagerEx* manager = view.drawManager();
     manager->slot_figure("rect");

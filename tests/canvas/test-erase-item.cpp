@@ -75,10 +75,7 @@ void TestEraseItem::growingEraserRepaintsLikeAFullRepaint()
 {
     const QSize size(400, 300);
     pallo::GraphicsView view(true, nullptr);
-    view.setWindowState(Qt::WindowNoState);
-    view.resize(size);
-    view.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&view));
+    QVERIFY(showAsWindow(view, size));
     auto* recorder = new ViewportRecorder(view.viewport(), size);
 
     DrawManagerEx* manager = view.drawManager();

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 pallo-board developers
 // SPDX-License-Identifier: MIT
+#include "canvas-test-support.h"
 #include "canvas/draw-manager-ex.h"
 #include "canvas/frame-pacer.h"
 #include "canvas/graphics-view.h"
@@ -20,12 +21,20 @@ QList<QList<QRectF>> reports(const QSignalSpy& spy)
     return all;
 }
 
-// A new scene reports itself changed as a whole once; the tests look at what comes after.
-void settled(QGraphicsScene* scene)
+// A scene with its pacer, and the scene's reports of what changed. A new scene reports
+// itself changed as a whole once; the reports kept start after that one.
+struct PacedScene
 {
-    QSignalSpy changed(scene, &QGraphicsScene::changed);
-    changed.wait(5000);
-}
+    explicit PacedScene(int frameMs) : pacer(&scene, frameMs) {}
+
+    QGraphicsScene scene{0, 0, 400, 300};
+    const bool settled = [this] {
+        QSignalSpy first(&scene, &QGraphicsScene::changed);
+        return first.wait(5000);
+    }();
+    QSignalSpy changed{&scene, &QGraphicsScene::changed};
+    FramePacer pacer;
+};
 
 // Collects what the viewport repaints, letting the paint through.
 class PaintedArea : public QObject
@@ -61,10 +70,9 @@ private slots:
 
 void TestFramePacer::firstRepaintGoesAtOnce()
 {
-    QGraphicsScene scene(0, 0, 400, 300);
-    settled(&scene);
-    QSignalSpy changed(&scene, &QGraphicsScene::changed);
-    FramePacer pacer(&scene, 60000);
+    PacedScene paced(60000);
+    QSignalSpy& changed = paced.changed;
+    FramePacer& pacer = paced.pacer;
     pacer.request(QRectF(10, 10, 20, 20));
     QTRY_COMPARE(changed.count(), 1);
     QCOMPARE(reports(changed).at(0), QList<QRectF>{QRectF(10, 10, 20, 20)});
@@ -72,10 +80,9 @@ void TestFramePacer::firstRepaintGoesAtOnce()
 
 void TestFramePacer::repaintsWithinAFrameAreGathered()
 {
-    QGraphicsScene scene(0, 0, 400, 300);
-    settled(&scene);
-    QSignalSpy changed(&scene, &QGraphicsScene::changed);
-    FramePacer pacer(&scene, 60000);
+    PacedScene paced(60000);
+    QSignalSpy& changed = paced.changed;
+    FramePacer& pacer = paced.pacer;
     pacer.request(QRectF(10, 10, 20, 20));
     QTRY_COMPARE(changed.count(), 1);
 
@@ -96,10 +103,9 @@ void TestFramePacer::repaintsWithinAFrameAreGathered()
 
 void TestFramePacer::gatheredRepaintsFollowWithinAFrame()
 {
-    QGraphicsScene scene(0, 0, 400, 300);
-    settled(&scene);
-    QSignalSpy changed(&scene, &QGraphicsScene::changed);
-    FramePacer pacer(&scene, 40);
+    PacedScene paced(40);
+    QSignalSpy& changed = paced.changed;
+    FramePacer& pacer = paced.pacer;
     pacer.request(QRectF(10, 10, 20, 20));
     QTRY_COMPARE(changed.count(), 1);
     pacer.request(QRectF(200, 100, 10, 10));
@@ -134,10 +140,7 @@ void TestFramePacer::screenFrameTimeIsOneFrame()
 void TestFramePacer::lastSegmentOfAStrokeIsShown()
 {
     pallo::GraphicsView view(true, nullptr);
-    view.setWindowState(Qt::WindowNoState);
-    view.resize(400, 300);
-    view.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&view));
+    QVERIFY(showAsWindow(view, QSize(400, 300)));
     DrawManagerEx* manager = view.drawManager();
     manager->slot_color("#ff0000");
     manager->slot_width(3);

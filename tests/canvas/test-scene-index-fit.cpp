@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 pallo-board developers
 // SPDX-License-Identifier: MIT
+#include "canvas-test-support.h"
 #include "canvas/draw-manager-ex.h"
 #include "canvas/graphics-view.h"
 #include "canvas/scene-index-fit.h"
@@ -80,10 +81,7 @@ void TestSceneIndexFit::fitsOnlyWhenDue()
 void TestSceneIndexFit::strokesDrawnOneByOneAreIndexedByPlace()
 {
     pallo::GraphicsView view(true, nullptr);
-    view.setWindowState(Qt::WindowNoState);
-    view.resize(640, 480);
-    view.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&view));
+    QVERIFY(showAsWindow(view, QSize(640, 480)));
     DrawManagerEx* manager = view.drawManager();
     manager->slot_figure("brush");
     for (int n = 0; n < 300; ++n) {
