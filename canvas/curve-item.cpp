@@ -35,7 +35,7 @@ CurveItem::~CurveItem()
 
 void CurveItem::lineTo(const QPointF& point)
 {
-    segmentAdded(stroke().lineTo(point));
+    segmentAdded(withReach(stroke().lineTo(point)));
 }
 
 qreal CurveItem::reach() const

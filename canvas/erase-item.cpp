@@ -16,18 +16,26 @@ EraseItem::EraseItem(const QPainterPath& path, const QPen& pen) : StrokeItem(pat
     fitBounds();
 }
 
+qreal EraseItem::halfWidth() const
+{
+    return qMax(qreal(PenWidth), pen().widthF()) / 2;
+}
+
 void EraseItem::addSegment(const QPointF& from, const QPointF& to)
 {
     stroke().moveTo(from);
-    segmentAdded(stroke().lineTo(to));
+    if (stroke().lineTo(to).isNull())
+        return;
+    // Only what the segment's square paints is repainted: one more pixel for antialiasing,
+    // one for rounding of the repainted area.
+    segmentAdded(pallo::StrokePath::squareEndsBounds(from, to, halfWidth()).adjusted(-2, -2, 2, 2));
 }
 
 qreal EraseItem::reach() const
 {
     // The square ends of a segment reach out to the corners of a square of the pen's width;
     // one more pixel for antialiasing, one for rounding of the repainted area.
-    const qreal width = qMax(qreal(PenWidth), pen().widthF());
-    return width / 2 * M_SQRT2 + 2;
+    return halfWidth() * M_SQRT2 + 2;
 }
 
 QPainterPath EraseItem::shape() const
@@ -43,7 +51,7 @@ void EraseItem::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidge
         return;
     // A repaint of a small area strokes only the part of a long path that can reach it.
     const QRectF area = clipArea(painter);
-    const QPainterPath part = stroke().partNear(area, reach());
+    const QPainterPath part = stroke().partNear(area, reach(), halfWidth());
     painter->setCompositionMode(QPainter::CompositionMode_SourceOut);
     painter->setPen(QPen(QColor(0, 0, 0, 1), PenWidth));
     painter->setBrush(Qt::NoBrush);

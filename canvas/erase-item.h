@@ -28,4 +28,8 @@ public:
 
 protected:
     qreal reach() const override;
+
+private:
+    // Half the width of the widest pen the stroke is painted with.
+    qreal halfWidth() const;
 };

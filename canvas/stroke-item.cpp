@@ -37,12 +37,18 @@ QRectF StrokeItem::boundingRect() const
     return m_bounds;
 }
 
-void StrokeItem::segmentAdded(const QRectF& segment)
+QRectF StrokeItem::withReach(const QRectF& segment) const
 {
     if (segment.isNull())
-        return;
+        return segment;
     const qreal r = reach();
-    const QRectF dirty = segment.adjusted(-r, -r, r, r);
+    return segment.adjusted(-r, -r, r, r);
+}
+
+void StrokeItem::segmentAdded(const QRectF& dirty)
+{
+    if (dirty.isNull())
+        return;
     if (m_bounds.contains(dirty)) {
         // Straight to the scene's views, once per frame: an update of the item would make
         // the scene visit every drawn item before the next frame to find the dirty ones.

@@ -30,8 +30,11 @@ protected:
 
     // How far beyond its path the pen can touch a pixel.
     virtual qreal reach() const = 0;
-    // Repaints around a segment just added to stroke(); grows the bounds when it does not fit.
-    void segmentAdded(const QRectF& segment);
+    // Repaints dirty, where a segment just added to stroke() paints (null when the segment
+    // added nothing); grows the bounds when it does not fit.
+    void segmentAdded(const QRectF& dirty);
+    // Where a pen reaching reach() paints around a segment spanning segment.
+    QRectF withReach(const QRectF& segment) const;
     // Takes the bounds from the whole path; for constructors, once the pen is set.
     void fitBounds();
 

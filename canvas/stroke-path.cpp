@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "canvas/stroke-path.h"
 
+#include <QPolygonF>
 #include <QtMath>
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -54,6 +56,31 @@ bool crosses(const QPointF& a, const QPointF& b, const QRectF& area)
         }
     }
     return enter <= leave;
+}
+
+// Whether the rectangle a pen with square ends paints around the segment from a to b (half
+// its width on either side and beyond either end) meets rect; separating-axis test. The
+// rasterizer's antialiasing touches no pixel farther than one from the rectangle.
+bool squareMeets(const QPointF& a, const QPointF& b, qreal half, const QRectF& rect)
+{
+    constexpr qreal kMargin = 2;
+    const QRectF near = rect.adjusted(-kMargin, -kMargin, kMargin, kMargin);
+    const qreal length = std::hypot(b.x() - a.x(), b.y() - a.y());
+    if (length == 0)
+        return true;
+    const QPointF u((b.x() - a.x()) / length, (b.y() - a.y()) / length);
+    const QPointF v(-u.y(), u.x());
+    const qreal along = length / 2 + half;
+    const QPointF d = (a + b) / 2 - near.center();
+    const qreal hx = near.width() / 2;
+    const qreal hy = near.height() / 2;
+    if (qAbs(d.x()) > hx + along * qAbs(u.x()) + half * qAbs(v.x()))
+        return false;
+    if (qAbs(d.y()) > hy + along * qAbs(u.y()) + half * qAbs(v.y()))
+        return false;
+    if (qAbs(QPointF::dotProduct(d, u)) > along + hx * qAbs(u.x()) + hy * qAbs(u.y()))
+        return false;
+    return qAbs(QPointF::dotProduct(d, v)) <= half + hx * qAbs(v.x()) + hy * qAbs(v.y());
 }
 
 // QRectF::united ignores rectangles of no size, and the bounds of points often have none.
@@ -183,10 +210,26 @@ void StrokePath::compact()
     m_path = exact;
 }
 
-bool StrokePath::nearArea(int element, const QRectF& area) const
+bool StrokePath::nearArea(int element, const QRectF& area, const QRectF& rect,
+                          qreal squareHalf) const
 {
-    return touches(segmentRect(element), area) &&
-           crosses(pointAt(element - 1), pointAt(element), area);
+    const QPointF a = pointAt(element - 1);
+    const QPointF b = pointAt(element);
+    return touches(segmentRect(element), area) && crosses(a, b, area) &&
+           (squareHalf <= 0 || squareMeets(a, b, squareHalf, rect));
+}
+
+QRectF StrokePath::squareEndsBounds(const QPointF& a, const QPointF& b, qreal half)
+{
+    const qreal length = std::hypot(b.x() - a.x(), b.y() - a.y());
+    if (length == 0) {
+        const qreal corner = half * M_SQRT2;
+        return QRectF(a.x() - corner, a.y() - corner, 2 * corner, 2 * corner);
+    }
+    const QPointF u = (b - a) * (half / length);
+    const QPointF v(-u.y(), u.x());
+    const QPolygonF corners({a - u + v, a - u - v, b + u - v, b + u + v});
+    return corners.boundingRect();
 }
 
 QRectF StrokePath::roomToGrow(const QRectF& tight)
@@ -196,7 +239,7 @@ QRectF StrokePath::roomToGrow(const QRectF& tight)
     return tight.adjusted(-dx, -dy, dx, dy);
 }
 
-QPainterPath StrokePath::partNear(const QRectF& rect, qreal reach) const
+QPainterPath StrokePath::partNear(const QRectF& rect, qreal reach, qreal squareHalf) const
 {
     const QRectF area = rect.adjusted(-reach, -reach, reach, reach);
     if (rect.isNull() || !m_polyline || area.contains(m_bounds)) {
@@ -213,7 +256,8 @@ QPainterPath StrokePath::partNear(const QRectF& rect, qreal reach) const
                          (cellOf(area.bottom()) - cellOf(area.top()) + 1);
     if (m_cells.isEmpty() || cells > m_segments) {
         for (int i = 1; i < m_path.elementCount(); ++i) {
-            if (m_path.elementAt(i).type == QPainterPath::LineToElement && nearArea(i, area))
+            if (m_path.elementAt(i).type == QPainterPath::LineToElement &&
+                nearArea(i, area, rect, squareHalf))
                 hits.append(i);
         }
     } else {
@@ -223,7 +267,7 @@ QPainterPath StrokePath::partNear(const QRectF& rect, qreal reach) const
                 if (found == m_cells.constEnd())
                     continue;
                 for (int element : *found) {
-                    if (nearArea(element, area))
+                    if (nearArea(element, area, rect, squareHalf))
                         hits.append(element);
                 }
             }

@@ -32,12 +32,19 @@ public:
     // repainted whole) only now and then.
     static QRectF roomToGrow(const QRectF& tight);
 
+    // Bounds of the rectangle that a pen with square ends paints around the segment from a to
+    // b: half its width to either side and beyond either end.
+    static QRectF squareEndsBounds(const QPointF& a, const QPointF& b, qreal half);
+
     // What of the path can paint inside rect when it is stroked with a pen that reaches no
     // farther than reach from the path: the runs of consecutive segments that come within
     // reach of rect, as one path. Inside rect they paint the same pixels as the whole path.
     // A null rect asks for the whole path. The path returned shares nothing with this one, so
     // that what painting caches in it goes away with it.
-    QPainterPath partNear(const QRectF& rect, qreal reach) const;
+    // A pen with square ends paints a rectangle around each segment, reaching squareHalf
+    // beyond the segment on every side; given that, a segment is taken only when its
+    // rectangle comes near rect, which leaves out many that reach alone would take.
+    QPainterPath partNear(const QRectF& rect, qreal reach, qreal squareHalf = 0) const;
 
     // For a path that is done growing: gives back the room kept for more points.
     void compact();
@@ -48,8 +55,9 @@ private:
     int subpathStart(int element) const;
     QRectF segmentRect(int element) const;
     QPointF pointAt(int element) const;
-    // Whether the segment ending at element passes through area.
-    bool nearArea(int element, const QRectF& area) const;
+    // Whether the segment ending at element passes through area, and, with squareHalf, its
+    // square-ended rectangle comes near rect.
+    bool nearArea(int element, const QRectF& area, const QRectF& rect, qreal squareHalf) const;
     // A subpath whose last point is its first is stroked with a join there, not two ends.
     bool closesSubpath(int element) const;
 

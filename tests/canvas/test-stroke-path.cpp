@@ -16,6 +16,7 @@ private slots:
     void repeatedPointAddsNothing();
     void partOfFarAreaIsEmpty();
     void diagonalPassingByIsLeftOut();
+    void squareEndsLeaveOutWhatTheyCannotReach();
     void areaCoveringAllGivesWholePath();
     void pathWithCurveIsAlwaysWhole();
     void boundsFollowPoints();
@@ -73,6 +74,23 @@ QPainterPath separateSegments()
     return stroke.path();
 }
 
+// The eraser rubbed back and forth in rows closer than its width, in short steps with a
+// wobble, so that each area meets segments of two rows and many pass just beside it.
+QPainterPath eraserRows()
+{
+    pallo::StrokePath stroke;
+    QPointF previous(10, 20);
+    for (int i = 1; i < 400; ++i) {
+        const int row = i / 90;
+        const int column = row % 2 ? 90 - i % 90 : i % 90;
+        const QPointF next(10 + column * 4, 20 + row * 35 + qRound(10 * qSin(i / 3.0)));
+        stroke.moveTo(previous);
+        stroke.lineTo(next);
+        previous = next;
+    }
+    return stroke.path();
+}
+
 QImage paint(const QPainterPath& path, const QPen& pen, const QRect& clip)
 {
     QImage image(kSize, QImage::Format_ARGB32_Premultiplied);
@@ -94,26 +112,38 @@ void TestStrokePath::partPaintsLikeWholePath_data()
     QTest::addColumn<QPainterPath>("path");
     QTest::addColumn<QPen>("pen");
     QTest::addColumn<qreal>("reach");
+    QTest::addColumn<qreal>("squareHalf");
     QTest::addColumn<bool>("finished");
 
     QPen brush(QColor(255, 0, 0), 3);
     brush.setCapStyle(Qt::FlatCap);
     QPen highlighter(QColor(255, 0, 0, 127), 30);
     highlighter.setCapStyle(Qt::FlatCap);
-    const QPen eraser(QColor(0, 0, 0, 1), 40);
+    // The eraser's pen as it reaches: 40 wide with square ends. Its own colour, black of alpha
+    // 1, would hardly change a pixel of this picture, so an opaque one shows what it touches.
+    const QPen eraser(QColor(255, 0, 0), 40);
 
-    QTest::newRow("pen") << scribble() << brush << 3.5 << false;
-    QTest::newRow("pen, short") << scribble(40) << brush << 3.5 << false;
-    QTest::newRow("pen, finished") << scribble() << brush << 3.5 << true;
-    QTest::newRow("pen, short and finished") << scribble(40) << brush << 3.5 << true;
-    QTest::newRow("highlighter crossing itself") << scribble() << highlighter << 17.0 << false;
+    QTest::newRow("pen") << scribble() << brush << 3.5 << 0.0 << false;
+    QTest::newRow("pen, short") << scribble(40) << brush << 3.5 << 0.0 << false;
+    QTest::newRow("pen, finished") << scribble() << brush << 3.5 << 0.0 << true;
+    QTest::newRow("pen, short and finished") << scribble(40) << brush << 3.5 << 0.0 << true;
+    QTest::newRow("highlighter crossing itself")
+        << scribble() << highlighter << 17.0 << 0.0 << false;
     QTest::newRow("highlighter ring closed on itself")
-        << closedRing() << highlighter << 17.0 << false;
-    QTest::newRow("highlighter ring, finished") << closedRing() << highlighter << 17.0 << true;
+        << closedRing() << highlighter << 17.0 << 0.0 << false;
+    QTest::newRow("highlighter ring, finished")
+        << closedRing() << highlighter << 17.0 << 0.0 << true;
+    const qreal eraserReach = 20 * M_SQRT2 + 2;
     QTest::newRow("eraser segments with square ends")
-        << separateSegments() << eraser << 20 * M_SQRT2 + 2 << false;
+        << separateSegments() << eraser << eraserReach << 0.0 << false;
     QTest::newRow("eraser segments, finished")
-        << separateSegments() << eraser << 20 * M_SQRT2 + 2 << true;
+        << separateSegments() << eraser << eraserReach << 0.0 << true;
+    QTest::newRow("eraser segments, only those whose squares come near")
+        << separateSegments() << eraser << eraserReach << 20.0 << false;
+    QTest::newRow("eraser segments in rows, only those whose squares come near")
+        << eraserRows() << eraser << eraserReach << 20.0 << false;
+    QTest::newRow("eraser segments in rows, finished")
+        << eraserRows() << eraser << eraserReach << 20.0 << true;
 }
 
 void TestStrokePath::partPaintsLikeWholePath()
@@ -121,6 +151,7 @@ void TestStrokePath::partPaintsLikeWholePath()
     QFETCH(QPainterPath, path);
     QFETCH(QPen, pen);
     QFETCH(qreal, reach);
+    QFETCH(qreal, squareHalf);
     QFETCH(bool, finished);
 
     pallo::StrokePath stroke(path);
@@ -133,7 +164,7 @@ void TestStrokePath::partPaintsLikeWholePath()
         for (int x = -20; x < kSize.width(); x += 29) {
             for (const QSize size : {QSize(9, 9), QSize(40, 25), QSize(120, 70)}) {
                 const QRect clip(QPoint(x, y), size);
-                const QPainterPath part = stroke.partNear(clip, reach);
+                const QPainterPath part = stroke.partNear(clip, reach, squareHalf);
                 const QImage whole = paint(path, pen, clip);
                 const QImage local = paint(part, pen, clip);
                 if (whole != local) {
@@ -187,6 +218,21 @@ void TestStrokePath::diagonalPassingByIsLeftOut()
     QVERIFY(stroke.partNear(QRectF(800, 100, 10, 10), 5).isEmpty());
     // Across it.
     QCOMPARE(stroke.partNear(QRectF(495, 495, 10, 10), 5).elementCount(), 3);
+}
+
+void TestStrokePath::squareEndsLeaveOutWhatTheyCannotReach()
+{
+    // Stroked 40 wide with square ends, a short horizontal segment paints 20 px beyond its
+    // ends and sides; only its corners reach as far as the reach of 30.
+    pallo::StrokePath stroke;
+    stroke.moveTo(QPointF(100, 100));
+    stroke.lineTo(QPointF(104, 100));
+    const qreal reach = 20 * M_SQRT2 + 2;
+    const QRectF beyondEnd(130, 95, 10, 10);
+    const QRectF nearCorner(120, 118, 10, 10);
+    QCOMPARE(stroke.partNear(beyondEnd, reach).elementCount(), 2);
+    QVERIFY(stroke.partNear(beyondEnd, reach, 20).isEmpty());
+    QCOMPARE(stroke.partNear(nearCorner, reach, 20).elementCount(), 2);
 }
 
 void TestStrokePath::areaCoveringAllGivesWholePath()
