@@ -143,17 +143,20 @@ void GraphicsView::attachCtrlForm(CtrlForm* form)
 
 void GraphicsView::slot_enable(bool enable)
 {
-    // An alpha of 0.005 cannot be seen, but it makes the window take the mouse. The
-    // viewport, which covers the whole view, paints it with its Base colour; the view
-    // itself paints nothing, so the desktop shows through everywhere else.
+    // An alpha of 0.005 cannot be seen, but it makes the window take the mouse. It is the
+    // background of the scene's area, which covers the whole viewport: painted beneath the
+    // items, it is part of the ink layer's picture, which a repaint copies over what lies
+    // beneath, so a fill of the viewport before it would be painted over at once. The view
+    // and its viewport paint nothing else, so the desktop shows through everywhere else.
     QColor background(Qt::black);
     background.setAlphaF(enable ? 0.005 : 0.0);
     QPalette pal = palette();
     pal.setColor(QPalette::All, QPalette::Window, background);
     pal.setColor(QPalette::All, QPalette::Base, background);
     setPalette(pal);
+    setBackgroundBrush(background);
     setAutoFillBackground(false);
-    viewport()->setAutoFillBackground(true);
+    viewport()->setAutoFillBackground(false);
     repaint();
 }
 
