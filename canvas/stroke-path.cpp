@@ -193,8 +193,11 @@ void StrokePath::indexSegment(int element)
 void StrokePath::compact()
 {
     m_moves.squeeze();
-    for (QVector<int>& elements : m_cells)
-        elements.squeeze();
+    // Iterating a hash to change it detaches it, which makes even an empty one allocate.
+    if (!m_cells.isEmpty()) {
+        for (QVector<int>& elements : m_cells)
+            elements.squeeze();
+    }
     if (!m_polyline)
         return;
     QPainterPath exact;
