@@ -19,13 +19,23 @@ bool eraserActive()
     return pallo::GraphicsView::currentFigure() == "erase";
 }
 
+// Strokes drawn one after another mostly have the same colour and width: handing them one
+// pen shares its data (and its brush's) among them instead of giving each its own.
+QPen strokePen(const QColor& color, int width)
+{
+    static QPen last(Qt::NoPen);
+    if (last.style() == Qt::NoPen || last.color() != color || last.width() != width) {
+        last = QPen(color, width);
+        last.setCapStyle(Qt::FlatCap);
+    }
+    return last;
+}
+
 } // namespace
 
 CurveItem::CurveItem(const QColor& color, int width) : m_color(color), m_width(width)
 {
-    QPen pen(color, width);
-    pen.setCapStyle(Qt::FlatCap);
-    setPen(pen);
+    setPen(strokePen(color, width));
 }
 
 CurveItem::~CurveItem()

@@ -22,6 +22,7 @@ class TestCurveItem : public QObject
 private slots:
     void cleanup();
     void castsToItsType();
+    void strokesOfOnePenShareIt();
     void selectedStrokeIsDarker();
     void hoverWithEraserLeavesCursor();
     void draggingMovesAndUndoes();
@@ -45,6 +46,24 @@ void TestCurveItem::castsToItsType()
     QCOMPARE(item->type(), int(QGraphicsItem::UserType + 2));
     QCOMPARE(qgraphicsitem_cast<CurveItem*>(item), &curve);
     QVERIFY(!qgraphicsitem_cast<QGraphicsPathItem*>(item));
+}
+
+void TestCurveItem::strokesOfOnePenShareIt()
+{
+    CurveItem first(QColor(255, 0, 0, 127), 30);
+    CurveItem second(QColor(255, 0, 0, 127), 30);
+    CurveItem other(QColor(0, 0, 255), 30);
+    QPen firstPen = first.pen();
+    QPen secondPen = second.pen();
+    QPen otherPen = other.pen();
+    QCOMPARE(firstPen.data_ptr(), secondPen.data_ptr());
+    QVERIFY(otherPen.data_ptr() != firstPen.data_ptr());
+    for (const QPen& pen : {firstPen, otherPen}) {
+        QCOMPARE(pen.width(), 30);
+        QCOMPARE(pen.capStyle(), Qt::FlatCap);
+    }
+    QCOMPARE(firstPen.color(), QColor(255, 0, 0, 127));
+    QCOMPARE(otherPen.color(), QColor(0, 0, 255));
 }
 
 void TestCurveItem::selectedStrokeIsDarker()
