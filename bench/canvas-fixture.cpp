@@ -47,6 +47,11 @@ DrawManagerEx* CanvasFixture::manager() const
     return m_view->drawManager();
 }
 
+qint64 CanvasFixture::inkLayerBytes() const
+{
+    return m_view->inkLayer() ? m_view->inkLayer()->pixelBytes() : 0;
+}
+
 void CanvasFixture::beginStroke(const QString& tool, int points)
 {
     DrawManagerEx* drawing = manager();

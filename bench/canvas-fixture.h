@@ -41,6 +41,8 @@ public:
     void hideAndShow();
 
     DrawManagerEx* manager() const;
+    // Bytes of pixels the canvas's ink layer holds (none without it).
+    qint64 inkLayerBytes() const;
     ViewportRecorder* recorder() const { return m_recorder; }
 
 private:

@@ -186,6 +186,20 @@ QImage InkLayer::background() const
     return image;
 }
 
+qint64 InkLayer::pixelBytes() const
+{
+    qint64 bytes = 0;
+    const auto add = [&bytes](const Picture& picture) {
+        bytes += picture.image.sizeInBytes();
+        for (const Patch& patch : picture.patches)
+            bytes += patch.pixels.sizeInBytes();
+    };
+    add(m_current);
+    for (const Picture& earlier : m_earlier)
+        add(earlier);
+    return bytes;
+}
+
 void InkLayer::paintItems(QImage* image, const QVector<QGraphicsItem*>& items, int from,
                           const QRect& clip) const
 {

@@ -50,6 +50,9 @@ public:
     void setEnabled(bool on);
     // How many items the picture stands for in the repaints now.
     int heldCount() const { return m_current.image.isNull() ? 0 : m_current.members.size(); }
+    // Bytes of pixels held: the pictures and the patches kept to take strokes back out. The
+    // window's size and the patch limits bound them, not the number of strokes.
+    qint64 pixelBytes() const;
 
     // Called by the view before its items paint: brings the picture up to date and copies
     // its part of rect. Returns false when the items must paint the usual way.

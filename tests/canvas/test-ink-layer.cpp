@@ -20,6 +20,7 @@ private slots:
     void samePixels_data();
     void samePixels();
     void pictureFollowsChanges();
+    void pixelsHeldAreCounted();
 
 private:
     static void stroke(DrawManagerEx* manager, const QString& tool, QPoint from, QPoint step,
@@ -166,6 +167,29 @@ void TestInkLayer::pictureFollowsChanges()
     manager->slot_mousestate("release", 160, 90);
     QVERIFY(paintFromLayer(&view) == paintItemByItem(&view));
     QCOMPARE(view.inkLayer()->heldCount(), 101);
+}
+
+void TestInkLayer::pixelsHeldAreCounted()
+{
+    pallo::GraphicsView view(true, nullptr);
+    view.resize(400, 300);
+    DrawManagerEx* manager = view.drawManager();
+    QCOMPARE(view.inkLayer()->pixelBytes(), qint64(0));
+    drawMany(manager, 100);
+    paintFromLayer(&view);
+    const qint64 picture = qint64(400) * 300 * 4;
+    QCOMPARE(view.inkLayer()->pixelBytes(), picture);
+
+    // A stroke finished over the picture keeps the pixels it covered, to be taken back out.
+    stroke(manager, "brush", QPoint(20, 20), QPoint(30, 10), 5);
+    paintFromLayer(&view);
+    QCOMPARE(view.inkLayer()->heldCount(), 101);
+    const qint64 withPatch = view.inkLayer()->pixelBytes();
+    QVERIFY(withPatch > picture);
+    QVERIFY(withPatch < 2 * picture);
+
+    view.inkLayer()->dropAll();
+    QCOMPARE(view.inkLayer()->pixelBytes(), qint64(0));
 }
 
 QTEST_MAIN(TestInkLayer)
