@@ -1,19 +1,18 @@
 // SPDX-FileCopyrightText: 2026 pallo-board developers
 // SPDX-License-Identifier: MIT
 #include "tests/e2e/e2e-board.h"
+#include "tests/e2e/stroke-ink.h"
 #include "tests/e2e/sway-session.h"
 #include "tests/e2e/toolbar-layout.h"
 #include "tests/e2e/vnc-input.h"
 #include "tests/e2e/x11-probe.h"
 #include "tests/test-output.h"
 
-#include <QLineF>
 #include <QPainter>
 #include <QPolygon>
 #include <QProcess>
 #include <QtTest>
 
-#include <cstdio>
 #include <memory>
 
 namespace {
@@ -32,20 +31,6 @@ bool near(const QColor& a, const QColor& b)
     // The canvas's invisible fill may shift a channel by a step or two.
     return qAbs(a.red() - b.red()) <= 3 && qAbs(a.green() - b.green()) <= 3 &&
            qAbs(a.blue() - b.blue()) <= 3;
-}
-
-qreal distanceToPolyline(const QPoint& p, const QList<QPoint>& line)
-{
-    qreal best = 1e9;
-    for (int i = 1; i < line.size(); ++i) {
-        const QLineF segment(line.at(i - 1), line.at(i));
-        const QPointF d = segment.p2() - segment.p1();
-        const qreal length2 = d.x() * d.x() + d.y() * d.y();
-        qreal t = length2 > 0 ? QPointF::dotProduct(QPointF(p) - segment.p1(), d) / length2 : 0;
-        t = qBound<qreal>(0, t, 1);
-        best = qMin(best, QLineF(QPointF(p), segment.pointAt(t)).length());
-    }
-    return best;
 }
 
 } // namespace
@@ -68,7 +53,6 @@ private slots:
     void closeButtonAndEscapeTakeToolbarAndCanvasAway();
 
 private:
-    ToolbarLayout measureToolbarInSession() const;
     QImage screen(const char* name = nullptr) const;
     // The screen without the toolbar, whose colour buttons are not ink.
     QImage ink(QImage shot) const;
@@ -107,7 +91,7 @@ void TestBoardWaylandE2e::initTestCase()
     probe = std::make_unique<X11Probe>();
     QVERIFY(probe->isValid());
     QVERIFY2(pointer.connectTo(session->vncSocket()), qPrintable(pointer.error()));
-    layout = measureToolbarInSession();
+    layout = measureToolbarLayoutIn(session->waylandEnvironment());
     QVERIFY(!layout.size.isEmpty());
     // The measured toolbar has gone with its program; sway may take a while to draw foot
     // again where it was.
@@ -136,28 +120,6 @@ void TestBoardWaylandE2e::cleanupTestCase()
     }
     probe.reset();
     session.reset();
-}
-
-// The toolbar's size and buttons depend on the display's fonts and scale, so they are
-// measured by this program run again as an X client of the session.
-ToolbarLayout TestBoardWaylandE2e::measureToolbarInSession() const
-{
-    QProcess measure;
-    QProcessEnvironment env = session->waylandEnvironment();
-    env.insert("QT_QPA_PLATFORM", "xcb");
-    measure.setProcessEnvironment(env);
-    measure.start(QCoreApplication::applicationFilePath(), {"--measure-toolbar"});
-    ToolbarLayout measured;
-    if (!measure.waitForFinished(30000) || measure.exitCode() != 0)
-        return measured;
-    const QList<QByteArray> n = measure.readAllStandardOutput().trimmed().split(' ');
-    if (n.size() != 8)
-        return measured;
-    measured.size = QSize(n[0].toInt(), n[1].toInt());
-    measured.penCentre = QPoint(n[2].toInt(), n[3].toInt());
-    measured.undoCentre = QPoint(n[4].toInt(), n[5].toInt());
-    measured.closeCentre = QPoint(n[6].toInt(), n[7].toInt());
-    return measured;
 }
 
 QImage TestBoardWaylandE2e::screen(const char* name) const
@@ -302,41 +264,21 @@ void TestBoardWaylandE2e::penChosenOnTheToolbarDrawsWhereThePointerWent()
     // The compositor draws the pointer into its screenshot; the pen's pointer has red in
     // it, so it is taken onto the toolbar, which is left out of the ink.
     QVERIFY(pointer.moveTo(toolbarRect().center()));
-    // Ink where the button went down, counted in a square around the press.
-    const auto inkAtPress = [](const QImage& image) {
-        int count = 0;
-        for (int y = kStroke.first().y() - 3; y <= kStroke.first().y() + 3; ++y) {
-            for (int x = kStroke.first().x() - 3; x <= kStroke.first().x() + 3; ++x)
-                count += isReddish(image.pixel(x, y)) ? 1 : 0;
-        }
-        return count;
-    };
     // The compositor may show the stroke in parts: the picture is taken once all of it is
     // there, or after five seconds.
-    QTRY_VERIFY_WITH_TIMEOUT(
-        countReddish(ink(screen())) > kStrokePixels && inkAtPress(ink(screen())) > 0, 5000);
+    QTRY_VERIFY_WITH_TIMEOUT(countReddish(ink(screen())) > kStrokePixels &&
+                                 inkAround(ink(screen()), kStroke.first()) > 0,
+                             5000);
     const QImage shot = ink(screen("wayland-stroke"));
-    int along = 0;
-    int astray = 0;
-    QPoint firstAstray;
-    for (int y = 0; y < shot.height(); ++y) {
-        for (int x = 0; x < shot.width(); ++x) {
-            if (!isReddish(shot.pixel(x, y)))
-                continue;
-            if (distanceToPolyline(QPoint(x, y), kStroke) <= kInkReach) {
-                ++along;
-            } else if (astray++ == 0) {
-                firstAstray = QPoint(x, y);
-            }
-        }
-    }
-    QVERIFY(along > kStrokePixels);
+    const StrokeInk drawn = strokeInk(shot, kStroke, kInkReach);
+    QVERIFY(drawn.along > kStrokePixels);
     // The stroke begins where the button went down.
-    QVERIFY2(inkAtPress(shot) > 0, "no ink where the stroke was begun");
-    QVERIFY2(astray == 0, qPrintable(QString("%1 red pixels away from the stroke, first at %2,%3")
-                                         .arg(astray)
-                                         .arg(firstAstray.x())
-                                         .arg(firstAstray.y())));
+    QVERIFY2(inkAround(shot, kStroke.first()) > 0, "no ink where the stroke was begun");
+    QVERIFY2(drawn.astray == 0,
+             qPrintable(QString("%1 red pixels away from the stroke, first at %2,%3")
+                            .arg(drawn.astray)
+                            .arg(drawn.firstAstray.x())
+                            .arg(drawn.firstAstray.y())));
 }
 
 void TestBoardWaylandE2e::toolbarUndoUndoesAfterDrawing()
@@ -371,13 +313,9 @@ void TestBoardWaylandE2e::closeButtonAndEscapeTakeToolbarAndCanvasAway()
 int main(int argc, char** argv)
 {
     QApplication app(argc, argv);
-    if (argc > 1 && qstrcmp(argv[1], "--measure-toolbar") == 0) {
-        const ToolbarLayout m = measureToolbarLayout();
-        std::printf("%d %d %d %d %d %d %d %d\n", m.size.width(), m.size.height(), m.penCentre.x(),
-                    m.penCentre.y(), m.undoCentre.x(), m.undoCentre.y(), m.closeCentre.x(),
-                    m.closeCentre.y());
-        return m.size.isEmpty() ? 1 : 0;
-    }
+    int measured = 0;
+    if (answerToolbarMeasure(argc, argv, &measured))
+        return measured;
     TestBoardWaylandE2e test;
     QTEST_SET_MAIN_SOURCE_PATH
     return QTest::qExec(&test, argc, argv);

@@ -7,9 +7,11 @@
 #include "toolbar/ctrl-form.h"
 
 #include <QCoreApplication>
+#include <QProcess>
 #include <QTest>
 #include <QToolButton>
 
+#include <cstdio>
 #include <memory>
 
 ToolbarLayout measureToolbarLayout()
@@ -41,4 +43,40 @@ ToolbarLayout measureToolbarLayout()
     form.reset();
     QCoreApplication::removeTranslator(&translator);
     return layout;
+}
+
+namespace {
+const char* const kMeasureArgument = "--measure-toolbar";
+} // namespace
+
+ToolbarLayout measureToolbarLayoutIn(const QProcessEnvironment& env)
+{
+    QProcess measure;
+    QProcessEnvironment measureEnv = env;
+    measureEnv.insert("QT_QPA_PLATFORM", "xcb");
+    measure.setProcessEnvironment(measureEnv);
+    measure.start(QCoreApplication::applicationFilePath(), {QLatin1String(kMeasureArgument)});
+    ToolbarLayout measured;
+    if (!measure.waitForFinished(30000) || measure.exitCode() != 0)
+        return measured;
+    const QList<QByteArray> n = measure.readAllStandardOutput().trimmed().split(' ');
+    if (n.size() != 8)
+        return measured;
+    measured.size = QSize(n[0].toInt(), n[1].toInt());
+    measured.penCentre = QPoint(n[2].toInt(), n[3].toInt());
+    measured.undoCentre = QPoint(n[4].toInt(), n[5].toInt());
+    measured.closeCentre = QPoint(n[6].toInt(), n[7].toInt());
+    return measured;
+}
+
+bool answerToolbarMeasure(int argc, char** argv, int* exitCode)
+{
+    if (argc < 2 || qstrcmp(argv[1], kMeasureArgument) != 0)
+        return false;
+    const ToolbarLayout m = measureToolbarLayout();
+    std::printf("%d %d %d %d %d %d %d %d\n", m.size.width(), m.size.height(), m.penCentre.x(),
+                m.penCentre.y(), m.undoCentre.x(), m.undoCentre.y(), m.closeCentre.x(),
+                m.closeCentre.y());
+    *exitCode = m.size.isEmpty() ? 1 : 0;
+    return true;
 }

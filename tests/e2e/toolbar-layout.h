@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QPoint>
+#include <QProcessEnvironment>
 #include <QSize>
 
 // Where the pen button lies inside the board's toolbar window, measured on a toolbar
@@ -19,3 +20,11 @@ struct ToolbarLayout
 };
 
 ToolbarLayout measureToolbarLayout();
+
+// The toolbar's size and buttons depend on the display's fonts and scale, so a test of a
+// board in a session of its own measures them with this program run again as a client of
+// that session, with env; its main answers through answerToolbarMeasure.
+ToolbarLayout measureToolbarLayoutIn(const QProcessEnvironment& env);
+// When this program was run to measure the toolbar: prints the measure and returns true,
+// with the program's exit code in exitCode.
+bool answerToolbarMeasure(int argc, char** argv, int* exitCode);
