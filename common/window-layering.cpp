@@ -4,6 +4,7 @@
 
 #ifndef Q_OS_WIN
 #include "common/window-manager-name.h"
+#include "common/x11-root-geometry.h"
 #endif
 
 #include <QGuiApplication>
@@ -29,20 +30,31 @@
 //
 // weston's X window manager (weston 10) puts a managed frameless window inside a frame
 // with a margin for its shadow and places that frame by its own rules, whatever position
-// the window asks for: the canvas lay 64 pixels in from the screen's top-left corner, hung
-// over the other edges and had a shadow drawn along it. So there the canvas bypasses the
-// window manager too, which places an unmanaged window exactly where it asks to be, at the
-// risk of weston not giving it the keyboard, which it hands to the windows it manages.
+// the window asks for (the canvas lay 64 pixels in from the screen's top-left corner and
+// hung over the other edges), and it gives the keyboard only to the windows it manages:
+// an unmanaged canvas never saw Escape or typed text, and the X focus cannot be taken
+// behind its back. A maximised window it places exactly over the area its panel leaves
+// free, without a frame or shadow, and activates it on a click. So there the canvas is
+// managed and maximised; the strip under the panel is not lost, since the panel lies
+// above every X window anyway. The toolbar keeps to the same area (canvasArea).
+namespace {
+
+bool westonManagesWindows()
+{
+#ifndef Q_OS_WIN
+    return x11WindowManagerName() == QLatin1String("Weston WM");
+#else
+    return false;
+#endif
+}
+
+} // namespace
+
 namespace window_layering {
 
 Qt::WindowFlags canvasFlags()
 {
-    Qt::WindowFlags flags = Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
-#ifndef Q_OS_WIN
-    if (x11WindowManagerName() == QLatin1String("Weston WM"))
-        flags |= Qt::X11BypassWindowManagerHint;
-#endif
-    return flags;
+    return Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
 }
 
 Qt::WindowFlags overCanvasFlags()
@@ -68,12 +80,33 @@ void showToolOverScreen(QWidget* tool)
 
 void showCanvasOverScreen(QWidget* canvas)
 {
+    // Mapped with the whole screen's size first, the canvas was now and then left by
+    // weston with its frame where it was mapped, so that X placed it 32 pixels right of
+    // where weston showed it and clicks went astray.
+    if (westonManagesWindows()) {
+        canvas->showMaximized();
+        return;
+    }
     QScreen* screen = canvas->screen();
     if (!screen)
         screen = QGuiApplication::primaryScreen();
     if (screen)
         canvas->setGeometry(screen->geometry());
     canvas->show();
+}
+
+QRect canvasArea(const QWidget* canvas, const QRect& screen)
+{
+#ifndef Q_OS_WIN
+    if (canvas && canvas->isWindow() && canvas->isMaximized() && westonManagesWindows()) {
+        const QRect area = screen & x11RootGeometry(canvas->winId());
+        if (!area.isEmpty())
+            return area;
+    }
+#else
+    Q_UNUSED(canvas)
+#endif
+    return screen;
 }
 
 } // namespace window_layering

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QRect>
 #include <Qt>
 
 class QWidget;
@@ -17,6 +18,10 @@ Qt::WindowFlags canvasFlags();
 Qt::WindowFlags overCanvasFlags();
 // Shows the canvas over the whole of the screen it is on, without the full-screen state.
 void showCanvasOverScreen(QWidget* canvas);
+// The part of the screen rectangle that the canvas covers where a compositor keeps the
+// canvas out of a panel of its own; the whole screen elsewhere. The toolbar lies and
+// docks within it, where the pointer can reach it.
+QRect canvasArea(const QWidget* canvas, const QRect& screen);
 // Shows a tool that covers the screen (the magnifier, the screenshot overlay) full screen
 // above the canvas.
 void showToolOverScreen(QWidget* tool);

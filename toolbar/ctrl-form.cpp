@@ -75,6 +75,7 @@ CtrlForm::CtrlForm(QWidget* parent, CanvasShown canvasShown)
 
     view->attachCtrlForm(this);
     installEventFilter(view);
+    view->installEventFilter(this);
 
     ui->toolButton_pen->setText("brush");
     ui->toolButton_drag->setText("drag");
@@ -266,7 +267,12 @@ void CtrlForm::placeAtStart()
     layout()->activate();
     if (minimumSize() != maximumSize())
         resize(sizeHint());
-    move(toolbar_geometry::startPosition(size(), screen->geometry()));
+    move(toolbar_geometry::startPosition(size(), area(screen)));
+}
+
+QRect CtrlForm::area(const QScreen* screen) const
+{
+    return window_layering::canvasArea(m_view, screen->geometry());
 }
 
 void CtrlForm::showCanvasFullScreen()
@@ -598,8 +604,7 @@ void CtrlForm::keepOnScreen(bool flush)
     QScreen* screen = QGuiApplication::primaryScreen();
     if (QGuiApplication::screens().size() > 1)
         screen = screenAtOrPrimary(flush ? g.center() : g.topLeft());
-    const QRect r =
-        toolbar_geometry::keepOnScreen(g, screen->geometry(), flush, m_scale, m_edgeDistance);
+    const QRect r = toolbar_geometry::keepOnScreen(g, area(screen), flush, m_scale, m_edgeDistance);
     moveGlobalFrame(r.topLeft());
 }
 
@@ -639,6 +644,14 @@ void CtrlForm::mouseReleaseEvent(QMouseEvent* event)
 
 bool CtrlForm::eventFilter(QObject* watched, QEvent* event)
 {
+    if (watched == m_view) {
+        // A compositor that keeps the canvas out of its panel sizes it only once shown;
+        // the toolbar then takes its start place within what the canvas covers.
+        QScreen* screen = QGuiApplication::primaryScreen();
+        if (event->type() == QEvent::Resize && screen && area(screen) != screen->geometry())
+            placeAtStart();
+        return false;
+    }
     if (event->type() == QEvent::Show) {
         if (watched == m_toolsMenu)
             toolmenuShow();
@@ -768,7 +781,7 @@ void CtrlForm::timerEvent(QTimerEvent* event)
 void CtrlForm::dock()
 {
     const QRect g = globalFrame();
-    const QRect s = screenAtOrPrimary(g.center())->geometry();
+    const QRect s = area(screenAtOrPrimary(g.center()));
     m_dockSide = toolbar_geometry::dockSide(g, s, m_horizontal, m_edgeDistance);
     if (m_dockSide == toolbar_geometry::DockNone)
         return;

@@ -15,6 +15,7 @@ class QAbstractButton;
 class QAction;
 class QButtonGroup;
 class QSettings;
+class QScreen;
 class QToolButton;
 class ControlMenu;
 class EdgeHideDialog;
@@ -159,6 +160,8 @@ private:
     bool handleButtonPress(QToolButton* button, QMouseEvent* event);
     bool anyMenuVisible() const;
     void placeAtStart();
+    // The part of the screen the toolbar lies and docks in (window_layering::canvasArea).
+    QRect area(const QScreen* screen) const;
     void watchForDock();
     void stopWatchingForDock();
     void dock();
