@@ -3,7 +3,9 @@
 #include "tests/e2e/weston-session.h"
 
 #include "tests/e2e/session-user.h"
+#include "tests/e2e/xdotool.h"
 
+#include <QColor>
 #include <QDir>
 #include <QFile>
 #include <QRegularExpression>
@@ -17,6 +19,7 @@ namespace {
 
 const char* const kSocket = "wayland-pallo";
 constexpr int kStartMs = 20000;
+const QColor kFoot(0x00, 0xc0, 0x40);
 
 } // namespace
 
@@ -24,12 +27,14 @@ WestonSession::WestonSession() = default;
 
 WestonSession::~WestonSession()
 {
-    if (m_weston.state() == QProcess::NotRunning)
-        return;
-    m_weston.terminate();
-    if (!m_weston.waitForFinished(5000))
-        m_weston.kill();
-    m_weston.waitForFinished(2000);
+    for (QProcess* p : {&m_foot, &m_weston, &m_xvfb}) {
+        if (p->state() == QProcess::NotRunning)
+            continue;
+        p->terminate();
+        if (!p->waitForFinished(5000))
+            p->kill();
+        p->waitForFinished(2000);
+    }
 }
 
 bool WestonSession::fail(const QString& why)
@@ -44,9 +49,9 @@ bool WestonSession::skip(const QString& why)
     return false;
 }
 
-QString WestonSession::log() const
+QString WestonSession::log(const QString& name) const
 {
-    QFile file(m_dir->filePath("weston.log"));
+    QFile file(m_dir->filePath(name));
     if (!file.open(QIODevice::ReadOnly))
         return QString();
     return QString::fromUtf8(file.readAll());
@@ -61,9 +66,48 @@ QProcessEnvironment WestonSession::waylandEnvironment() const
     return env;
 }
 
+void WestonSession::startAsUser(QProcess& process, const QStringList& command,
+                                const QString& logName)
+{
+    const QString dir = m_dir->path();
+    // A test that is killed takes its session with it.
+    QStringList full{"setpriv", "--pdeathsig", "TERM"};
+    full << m_asUser << "env"
+         << "-i"
+         << "PATH=/usr/local/bin:/usr/bin:/bin"
+         << "LANG=C.UTF-8"
+         << "XDG_RUNTIME_DIR=" + dir << "HOME=" + dir << command;
+    process.setStandardOutputFile(m_dir->filePath(logName));
+    process.setStandardErrorFile(m_dir->filePath(logName));
+    process.start(full.takeFirst(), full);
+}
+
+bool WestonSession::startOuterServer()
+{
+    // It names the display it found free on its standard output. Without an
+    // authorization file it lets in local clients, the session's user among them.
+    m_xvfb.setStandardErrorFile(m_dir->filePath("xvfb.log"));
+    m_xvfb.start("setpriv", {"--pdeathsig", "TERM", "Xvfb", "-displayfd", "1", "-screen", "0",
+                             QString("%1x%2x24").arg(width).arg(height), "-nolisten", "tcp"});
+    if (!m_xvfb.waitForStarted(kStartMs))
+        return fail("Xvfb does not start: " + m_xvfb.errorString());
+    QByteArray number;
+    const bool named = QTest::qWaitFor(
+        [&] {
+            number += m_xvfb.readAllStandardOutput();
+            return number.contains('\n') || m_xvfb.state() == QProcess::NotRunning;
+        },
+        kStartMs);
+    if (!named || !number.contains('\n'))
+        return fail("Xvfb names no display:\n" + log("xvfb.log").right(2000));
+    m_outerDisplay = ":" + QString::fromLatin1(number).trimmed();
+    return true;
+}
+
 bool WestonSession::start()
 {
-    for (const char* program : {"weston", "weston-screenshooter", "xhost", "Xwayland"}) {
+    for (const char* program :
+         {"weston", "weston-screenshooter", "xhost", "Xwayland", "Xvfb", "xdotool", "foot"}) {
         if (QStandardPaths::findExecutable(program).isEmpty())
             return skip(QString("%1 is not installed (scripts/setup installs it)").arg(program));
     }
@@ -79,53 +123,80 @@ bool WestonSession::start()
     m_asUser = user.runAs;
     chmod(QFile::encodeName(m_dir->path()).constData(), 0700);
 
-    const QString dir = m_dir->path();
-    // A test that is killed takes its session with it.
-    QStringList command{"setpriv", "--pdeathsig", "TERM"};
-    command << m_asUser << "env"
-            << "-i"
-            << "PATH=/usr/local/bin:/usr/bin:/bin"
-            << "XDG_RUNTIME_DIR=" + dir << "HOME=" + dir << "weston"
-            << "--backend=headless-backend.so"
-            << "--use-pixman"
-            << "--xwayland"
-            << "--debug"
-            << "--idle-time=0" << QString("--width=%1").arg(width)
-            << QString("--height=%1").arg(height) << QString("--socket=%1").arg(kSocket);
-    m_weston.setStandardOutputFile(m_dir->filePath("weston.log"));
-    m_weston.setStandardErrorFile(m_dir->filePath("weston.log"));
-    m_weston.start(command.takeFirst(), command);
+    if (!startOuterServer())
+        return false;
+    startAsUser(m_weston,
+                {"DISPLAY=" + m_outerDisplay, "weston", "--backend=x11-backend.so", "--use-pixman",
+                 "--xwayland", "--debug", "--idle-time=0", QString("--width=%1").arg(width),
+                 QString("--height=%1").arg(height), QString("--socket=%1").arg(kSocket)},
+                "weston.log");
     if (!m_weston.waitForStarted(kStartMs))
         return fail("weston does not start: " + m_weston.errorString());
 
-    // weston starts its X server when the first X client comes; it names the display
-    // once it listens.
+    // weston starts its X server at once; it names the display once it listens.
     const QRegularExpression listening("xserver listening on display (:\\d+)");
     const bool up = QTest::qWaitFor(
         [&] {
-            return listening.match(log()).hasMatch() || m_weston.state() == QProcess::NotRunning;
+            return listening.match(log("weston.log")).hasMatch() ||
+                   m_weston.state() == QProcess::NotRunning;
         },
         kStartMs);
-    const QRegularExpressionMatch match = listening.match(log());
+    const QRegularExpressionMatch match = listening.match(log("weston.log"));
     if (!up || !match.hasMatch())
-        return fail("the weston session did not come up:\n" + log().right(2000));
+        return fail("the weston session did not come up:\n" + log("weston.log").right(2000));
     m_display = match.captured(1);
 
     QProcess xhost;
-    QStringList xhostCommand = m_asUser;
-    xhostCommand << "env"
-                 << "-i"
-                 << "PATH=/usr/local/bin:/usr/bin:/bin"
-                 << "XDG_RUNTIME_DIR=" + dir << "DISPLAY=" + m_display << "xhost"
-                 << "+SI:localuser:root";
-    xhost.start(xhostCommand.takeFirst(), xhostCommand);
+    startAsUser(xhost, {"DISPLAY=" + m_display, "xhost", "+SI:localuser:root"}, "xhost.log");
     if (!xhost.waitForFinished(kStartMs) || xhost.exitCode() != 0)
-        return fail("xhost cannot let root in:\n" +
-                    QString::fromUtf8(xhost.readAllStandardError()));
+        return fail("xhost cannot let root in:\n" + log("xhost.log"));
 
-    if (!QTest::qWaitFor([this] { return !screenshot().isNull(); }, kStartMs))
-        return fail("weston takes no screenshot:\n" + log().right(2000));
+    // No decorations of its own, so that nothing of it changes with the focus.
+    startAsUser(m_foot,
+                {"WAYLAND_DISPLAY=" + QString(kSocket), "foot", "--maximized", "-o",
+                 "csd.preferred=none", "-o", "colors.background=" + kFoot.name().mid(1), "-o",
+                 "colors.foreground=" + kFoot.name().mid(1), "sleep", "1000000"},
+                "foot.log");
+    // weston draws its pointer, which is taken to a corner first, into its screenshots.
+    if (!syncPointer())
+        return fail("xdotool cannot move the pointer of " + m_outerDisplay);
+    const bool footShown = QTest::qWaitFor(
+        [this] { return screenshot().pixelColor(width / 2, height / 2) == kFoot; }, kStartMs);
+    if (!footShown)
+        return fail("foot does not show:\n" + log("foot.log").right(2000) +
+                    log("weston.log").right(2000));
     return true;
+}
+
+// weston's X11 backend moves its pointer by how far the outer pointer moved since the
+// last event it saw, and keeps it on the screen, so the two may start apart. Pushed into
+// two opposite corners, both stop at the same edges and go on together.
+bool WestonSession::syncPointer() const
+{
+    return xdotool::run({"mousemove", "0", "0", "sleep", "0.1", "mousemove",
+                         QString::number(width - 1), QString::number(height - 1), "sleep", "0.1"},
+                        m_outerDisplay);
+}
+
+bool WestonSession::moveTo(const QPoint& p) const
+{
+    return xdotool::run({"mousemove", QString::number(p.x()), QString::number(p.y())},
+                        m_outerDisplay);
+}
+
+bool WestonSession::click(const QPoint& p) const
+{
+    return xdotool::click(p, 1, m_outerDisplay);
+}
+
+bool WestonSession::drag(const QList<QPoint>& points) const
+{
+    return xdotool::stroke(QVector<QPoint>(points.begin(), points.end()), m_outerDisplay);
+}
+
+bool WestonSession::pressKey(const QString& name) const
+{
+    return xdotool::run({"key", name}, m_outerDisplay);
 }
 
 QImage WestonSession::screenshot() const

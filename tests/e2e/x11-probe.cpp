@@ -146,8 +146,10 @@ X11Probe::Window X11Probe::canvasOf(qint64 pid) const
     Display* display = dpy(display_);
     const QSize screen(DisplayWidth(display, DefaultScreen(display)),
                        DisplayHeight(display, DefaultScreen(display)));
+    // As wide as the screen; a compositor may keep it out of a panel of its own.
     for (const Window& window : viewableWindowsOf(pid)) {
-        if (window.geometry.size() == screen)
+        if (window.geometry.width() == screen.width() &&
+            window.geometry.height() > screen.height() / 2)
             return window;
     }
     return Window();

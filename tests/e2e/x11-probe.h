@@ -33,7 +33,8 @@ public:
     QList<Window> windowsOf(qint64 pid) const;
     // Only those on screen.
     QList<Window> viewableWindowsOf(qint64 pid) const;
-    // The viewable window of pid covering the whole screen, or one with id 0.
+    // The viewable window of pid as wide as the screen and covering most of it (all of it
+    // but a compositor's panel), or one with id 0.
     Window canvasOf(qint64 pid) const;
     // The viewable window of pid smaller than the screen (the toolbar), or one with id 0.
     Window toolbarOf(qint64 pid) const;

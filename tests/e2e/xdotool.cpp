@@ -6,9 +6,14 @@
 
 namespace xdotool {
 
-bool run(const QStringList& arguments)
+bool run(const QStringList& arguments, const QString& display)
 {
     QProcess process;
+    if (!display.isEmpty()) {
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        env.insert(QStringLiteral("DISPLAY"), display);
+        process.setProcessEnvironment(env);
+    }
     process.start(QStringLiteral("xdotool"), arguments);
     return process.waitForFinished(10000) && process.exitStatus() == QProcess::NormalExit &&
            process.exitCode() == 0;
@@ -23,13 +28,14 @@ QStringList moveTo(const QPoint& point)
 
 } // namespace
 
-bool click(const QPoint& at, int button)
+bool click(const QPoint& at, int button, const QString& display)
 {
     return run(moveTo(at) + QStringList{QStringLiteral("sleep"), QStringLiteral("0.1"),
-                                        QStringLiteral("click"), QString::number(button)});
+                                        QStringLiteral("click"), QString::number(button)},
+               display);
 }
 
-bool stroke(const QVector<QPoint>& points)
+bool stroke(const QVector<QPoint>& points, const QString& display)
 {
     if (points.isEmpty())
         return false;
@@ -39,7 +45,7 @@ bool stroke(const QVector<QPoint>& points)
     for (int i = 1; i < points.size(); ++i)
         arguments << moveTo(points.at(i)) << QStringLiteral("sleep") << QStringLiteral("0.03");
     arguments << QStringLiteral("mouseup") << QStringLiteral("1");
-    return run(arguments);
+    return run(arguments, display);
 }
 
 } // namespace xdotool
