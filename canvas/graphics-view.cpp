@@ -319,6 +319,7 @@ void GraphicsView::tabletEvent(QTabletEvent* event)
 
     switch (event->type()) {
     case QEvent::TabletPress:
+        window_layering::followCanvasFrame(this);
         m_penDown = true;
         m_lastPenPoint = scenePos;
         if (!m_dragMode) {
@@ -403,6 +404,7 @@ void GraphicsView::forwardAsMouse(QTabletEvent* event, const QPointF& viewportPo
 
 void GraphicsView::mousePressEvent(QMouseEvent* event)
 {
+    window_layering::followCanvasFrame(this);
     if (m_penDown) {
         event->ignore();
         return;

@@ -10,6 +10,7 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <QWidget>
+#include <QWindow>
 
 // The canvas is an ordinary managed window (so the window manager gives it the keyboard
 // for text and Escape) that is sized to its screen but never put in the full-screen
@@ -107,6 +108,24 @@ QRect canvasArea(const QWidget* canvas, const QRect& screen)
     Q_UNUSED(canvas)
 #endif
     return screen;
+}
+
+// weston moves the frame it put the maximised canvas in a moment after mapping it, and
+// tells neither the canvas nor the toolkit, whose idea of the canvas's place then stays
+// 32 pixels off. The scene finds the items under a press by its place on the screen, so it
+// missed the text item the press had just made, which lost the focus and was dropped.
+void followCanvasFrame(QWidget* canvas)
+{
+#ifndef Q_OS_WIN
+    if (!canvas->isWindow() || !canvas->isMaximized() || !canvas->windowHandle() ||
+        !westonManagesWindows())
+        return;
+    const QRect real = x11RootGeometry(canvas->winId());
+    if (!real.isNull() && real.topLeft() != canvas->geometry().topLeft())
+        canvas->windowHandle()->setPosition(real.topLeft());
+#else
+    Q_UNUSED(canvas)
+#endif
 }
 
 } // namespace window_layering

@@ -22,6 +22,9 @@ void showCanvasOverScreen(QWidget* canvas);
 // canvas out of a panel of its own; the whole screen elsewhere. The toolbar lies and
 // docks within it, where the pointer can reach it.
 QRect canvasArea(const QWidget* canvas, const QRect& screen);
+// Tells the toolkit where the canvas really lies, where a compositor has moved it without
+// saying so; called on each press, before the scene looks for the items under it.
+void followCanvasFrame(QWidget* canvas);
 // Shows a tool that covers the screen (the magnifier, the screenshot overlay) full screen
 // above the canvas.
 void showToolOverScreen(QWidget* tool);
