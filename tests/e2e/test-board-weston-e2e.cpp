@@ -56,6 +56,7 @@ private slots:
     void toolbarUndoUndoesAfterDrawing();
     void escapeOnTheCanvasTakesToolbarAndCanvasAway();
     void hideAndShowOrHideTakeBoardAwayAndBack();
+    void typingIntoATextItemWorks();
 
 private:
     QImage screen(const char* name = nullptr) const;
@@ -360,6 +361,20 @@ void TestBoardWestonE2e::hideAndShowOrHideTakeBoardAwayAndBack()
     QVERIFY(board->send(R"({"type":"show_or_hide"})"));
     QCOMPARE(boardGone(bar), QString());
     QCOMPARE(showOrHideBringsBoardBack(), QString());
+}
+
+void TestBoardWestonE2e::typingIntoATextItemWorks()
+{
+    // A part of foot with no ink on it.
+    const QRect place(1300, 600, 160, 80);
+    QCOMPARE(countReddish(screen().copy(place)), 0);
+    QVERIFY(revealToolbar());
+    QVERIFY(session->click(toolbarRect().topLeft() + layout.textCentre));
+    QVERIFY(session->click(place.topLeft() + QPoint(10, 10)));
+    QVERIFY(session->type("HHHH"));
+    QVERIFY(session->moveTo(kRest));
+    QTRY_VERIFY_WITH_TIMEOUT(countReddish(screen().copy(place)) > 60, 5000);
+    keepPicture(screen(), "weston-typed");
 }
 
 int main(int argc, char** argv)

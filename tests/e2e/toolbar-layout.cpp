@@ -60,12 +60,14 @@ ToolbarLayout measureToolbarLayoutIn(const QProcessEnvironment& env)
     if (!measure.waitForFinished(30000) || measure.exitCode() != 0)
         return measured;
     const QList<QByteArray> n = measure.readAllStandardOutput().trimmed().split(' ');
-    if (n.size() != 8)
+    if (n.size() != 12)
         return measured;
     measured.size = QSize(n[0].toInt(), n[1].toInt());
     measured.penCentre = QPoint(n[2].toInt(), n[3].toInt());
     measured.undoCentre = QPoint(n[4].toInt(), n[5].toInt());
-    measured.closeCentre = QPoint(n[6].toInt(), n[7].toInt());
+    measured.chooseCentre = QPoint(n[6].toInt(), n[7].toInt());
+    measured.textCentre = QPoint(n[8].toInt(), n[9].toInt());
+    measured.closeCentre = QPoint(n[10].toInt(), n[11].toInt());
     return measured;
 }
 
@@ -74,9 +76,10 @@ bool answerToolbarMeasure(int argc, char** argv, int* exitCode)
     if (argc < 2 || qstrcmp(argv[1], kMeasureArgument) != 0)
         return false;
     const ToolbarLayout m = measureToolbarLayout();
-    std::printf("%d %d %d %d %d %d %d %d\n", m.size.width(), m.size.height(), m.penCentre.x(),
-                m.penCentre.y(), m.undoCentre.x(), m.undoCentre.y(), m.closeCentre.x(),
-                m.closeCentre.y());
+    std::printf("%d %d %d %d %d %d %d %d %d %d %d %d\n", m.size.width(), m.size.height(),
+                m.penCentre.x(), m.penCentre.y(), m.undoCentre.x(), m.undoCentre.y(),
+                m.chooseCentre.x(), m.chooseCentre.y(), m.textCentre.x(), m.textCentre.y(),
+                m.closeCentre.x(), m.closeCentre.y());
     *exitCode = m.size.isEmpty() ? 1 : 0;
     return true;
 }

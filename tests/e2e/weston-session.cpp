@@ -199,6 +199,11 @@ bool WestonSession::pressKey(const QString& name) const
     return xdotool::run({"key", name}, m_outerDisplay);
 }
 
+bool WestonSession::type(const QString& text) const
+{
+    return xdotool::run({"type", "--delay", "80", text}, m_outerDisplay);
+}
+
 QImage WestonSession::screenshot() const
 {
     // It writes its picture into the folder it runs in, under a name of the time.

@@ -52,6 +52,8 @@ public:
     bool drag(const QList<QPoint>& points) const;
     // A key by its X keysym name, e.g. "Escape".
     bool pressKey(const QString& name) const;
+    // Text, key by key.
+    bool type(const QString& text) const;
 
 private:
     bool fail(const QString& why);
