@@ -26,8 +26,11 @@
 // the pinned pictures, and the magnifier and the screenshot overlay, which cover the
 // screen: a window manager would stack them by its own rules (xfwm4 left the magnifier
 // beneath the canvas, openbox never gave the overlay the focus it waits for); unmanaged,
-// they take the focus themselves when shown. The timer window and the settings panel are
-// transient for the canvas, which keeps them above it as well.
+// they take the focus themselves when shown. Being unmanaged, they are sized to the screen
+// and not put in the full-screen state, which no window manager acts on for them, and which
+// made weston 10's X window manager abort, taking the whole session down, when the
+// magnifier was opened. The timer window and the settings panel are transient for the
+// canvas, which keeps them above it as well.
 //
 // weston's X window manager (weston 10) puts a managed frameless window inside a frame
 // with a margin for its shadow and places that frame by its own rules, whatever position
@@ -70,13 +73,18 @@ Qt::WindowFlags overCanvasFlags()
 void showToolOverScreen(QWidget* tool)
 {
 #ifndef Q_OS_WIN
-    tool->setWindowFlags(tool->windowFlags() | Qt::X11BypassWindowManagerHint);
+    tool->setWindowFlags(tool->windowFlags() | Qt::X11BypassWindowManagerHint |
+                         Qt::FramelessWindowHint);
 #endif
-    // Without a window manager nothing acts on the full-screen request, so the tool is
-    // given the screen's size as well.
     if (QScreen* screen = QGuiApplication::primaryScreen())
         tool->setGeometry(screen->geometry());
+#ifndef Q_OS_WIN
+    // As showing full screen would: the tool waits for the focus to take its picture.
+    tool->show();
+    tool->activateWindow();
+#else
     tool->showFullScreen();
+#endif
 }
 
 void showCanvasOverScreen(QWidget* canvas)

@@ -25,8 +25,8 @@ QRect canvasArea(const QWidget* canvas, const QRect& screen);
 // Tells the toolkit where the canvas really lies, where a compositor has moved it without
 // saying so; called on each press, before the scene looks for the items under it.
 void followCanvasFrame(QWidget* canvas);
-// Shows a tool that covers the screen (the magnifier, the screenshot overlay) full screen
-// above the canvas.
+// Shows a tool that covers the screen (the magnifier, the screenshot overlay) over the whole
+// screen above the canvas.
 void showToolOverScreen(QWidget* tool);
 
 } // namespace window_layering

@@ -715,10 +715,12 @@ void TestCtrlForm::toolTypes()
                               : static_cast<QWidget*>(m_form->screenShot());
     if (tool) {
         QVERIFY(tool->isVisible());
-        QVERIFY(tool->isFullScreen());
         QCOMPARE(tool->geometry(), QGuiApplication::primaryScreen()->geometry());
-        // Left to no window manager's stacking rules: it lies above the canvas.
+        // Left to no window manager's stacking rules: it lies above the canvas. Nothing
+        // manages it, so nothing would act on the full-screen state, which made weston's X
+        // window manager abort.
         QVERIFY(tool->windowFlags().testFlag(Qt::X11BypassWindowManagerHint));
+        QVERIFY(!tool->isFullScreen());
     }
     // The zoom button itself now starts the same tool; an open one is not opened twice.
     QTest::mouseClick(zoom, Qt::LeftButton, {}, QPoint(4, 4));
