@@ -38,3 +38,15 @@ SessionUser prepareSessionUser(const QString& folder, const QString& compositor)
     result.runAs = QStringList{"runuser", "-u", kUser, "--"};
     return result;
 }
+
+void stopSessionPrograms(std::initializer_list<QProcess*> programs)
+{
+    for (QProcess* p : programs) {
+        if (p->state() == QProcess::NotRunning)
+            continue;
+        p->terminate();
+        if (!p->waitForFinished(5000))
+            p->kill();
+        p->waitForFinished(2000);
+    }
+}

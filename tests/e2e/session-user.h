@@ -5,6 +5,10 @@
 #include <QString>
 #include <QStringList>
 
+#include <initializer_list>
+
+class QProcess;
+
 // Wayland compositors refuse to run as root, so a root test runs its session as an
 // ordinary user of its own, made on first use.
 struct SessionUser
@@ -20,3 +24,5 @@ struct SessionUser
 
 // When running as root, makes the session's user if needed and gives it folder.
 SessionUser prepareSessionUser(const QString& folder, const QString& compositor);
+// Ends a session's programs, in the order given: asked first, killed if they linger.
+void stopSessionPrograms(std::initializer_list<QProcess*> programs);

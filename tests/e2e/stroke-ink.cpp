@@ -22,7 +22,16 @@ qreal distanceToPolyline(const QPoint& p, const QList<QPoint>& line)
     return best;
 }
 
-} // namespace
+// Where the red ink on a picture of the screen lies, measured against the line the
+// pointer went along while drawing.
+struct StrokeInk
+{
+    // Red pixels within reach of the line.
+    int along = 0;
+    // Red pixels farther away, and the first of them (row by row).
+    int astray = 0;
+    QPoint firstAstray;
+};
 
 StrokeInk strokeInk(const QImage& shot, const QList<QPoint>& line, qreal reach)
 {
@@ -41,6 +50,8 @@ StrokeInk strokeInk(const QImage& shot, const QList<QPoint>& line, qreal reach)
     return ink;
 }
 
+} // namespace
+
 int inkAround(const QImage& shot, const QPoint& p)
 {
     int count = 0;
@@ -49,4 +60,19 @@ int inkAround(const QImage& shot, const QPoint& p)
             count += shot.valid(x, y) && isReddish(shot.pixel(x, y)) ? 1 : 0;
     }
     return count;
+}
+
+QString strokeInkFault(const QImage& shot, const QList<QPoint>& line, qreal reach, int least)
+{
+    const StrokeInk drawn = strokeInk(shot, line, reach);
+    if (drawn.along <= least)
+        return QString("only %1 red pixels along the stroke").arg(drawn.along);
+    if (inkAround(shot, line.first()) == 0)
+        return "no ink where the stroke was begun";
+    if (drawn.astray != 0)
+        return QString("%1 red pixels away from the stroke, first at %2,%3")
+            .arg(drawn.astray)
+            .arg(drawn.firstAstray.x())
+            .arg(drawn.firstAstray.y());
+    return QString();
 }

@@ -5,18 +5,10 @@
 #include <QImage>
 #include <QList>
 #include <QPoint>
+#include <QString>
 
-// Where the red ink on a picture of the screen lies, measured against the line the
-// pointer went along while drawing.
-struct StrokeInk
-{
-    // Red pixels within reach of the line.
-    int along = 0;
-    // Red pixels farther away, and the first of them (row by row).
-    int astray = 0;
-    QPoint firstAstray;
-};
-
-StrokeInk strokeInk(const QImage& shot, const QList<QPoint>& line, qreal reach);
 // Red pixels in the 7 by 7 square around p: ink where a stroke began.
 int inkAround(const QImage& shot, const QPoint& p);
+// What is wrong with the ink of a stroke drawn along line, or nothing: no more than least
+// red pixels along it, none where it began, or red pixels away from it.
+QString strokeInkFault(const QImage& shot, const QList<QPoint>& line, qreal reach, int least);

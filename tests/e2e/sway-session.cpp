@@ -28,14 +28,7 @@ SwaySession::SwaySession() = default;
 
 SwaySession::~SwaySession()
 {
-    for (QProcess* p : {&m_vnc, &m_sway}) {
-        if (p->state() == QProcess::NotRunning)
-            continue;
-        p->terminate();
-        if (!p->waitForFinished(5000))
-            p->kill();
-        p->waitForFinished(2000);
-    }
+    stopSessionPrograms({&m_vnc, &m_sway});
 }
 
 bool SwaySession::fail(const QString& why)

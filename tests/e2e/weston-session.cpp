@@ -27,14 +27,7 @@ WestonSession::WestonSession() = default;
 
 WestonSession::~WestonSession()
 {
-    for (QProcess* p : {&m_foot, &m_weston, &m_xvfb}) {
-        if (p->state() == QProcess::NotRunning)
-            continue;
-        p->terminate();
-        if (!p->waitForFinished(5000))
-            p->kill();
-        p->waitForFinished(2000);
-    }
+    stopSessionPrograms({&m_foot, &m_weston, &m_xvfb});
 }
 
 bool WestonSession::fail(const QString& why)
