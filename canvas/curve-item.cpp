@@ -57,7 +57,7 @@ qreal CurveItem::reach() const
 
 QPainterPath CurveItem::shape() const
 {
-    const QPainterPath& path = stroke().path();
+    const QPainterPath path = stroke().path();
     if (path.isEmpty())
         return path;
     QPainterPathStroker stroker;

@@ -38,6 +38,13 @@ qreal EraseItem::reach() const
     return halfWidth() * M_SQRT2 + 2;
 }
 
+pallo::StrokePath::Packing EraseItem::packing() const
+{
+    // The record of a finished eraser stroke keeps a copy of its path, which shares the
+    // path's data as long as the item keeps the path too; packed points would come on top.
+    return pallo::StrokePath::KeepPath;
+}
+
 QPainterPath EraseItem::shape() const
 {
     QPainterPathStroker stroker;

@@ -28,6 +28,7 @@ public:
 
 protected:
     qreal reach() const override;
+    pallo::StrokePath::Packing packing() const override;
 
 private:
     // Half the width of the widest pen the stroke is painted with.

@@ -62,7 +62,7 @@ void StrokeItem::segmentAdded(const QRectF& dirty)
 
 void StrokeItem::finishGrowing()
 {
-    m_stroke.compact();
+    m_stroke.compact(packing());
     const QRectF tight = tightBounds();
     if (tight == m_bounds)
         return;
@@ -77,7 +77,7 @@ void StrokeItem::fitBounds()
 
 QRectF StrokeItem::tightBounds() const
 {
-    if (m_stroke.path().elementCount() == 0)
+    if (m_stroke.elementCount() == 0)
         return QRectF();
     const qreal r = reach();
     return m_stroke.pointBounds().adjusted(-r, -r, r, r);

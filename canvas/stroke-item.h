@@ -30,6 +30,8 @@ protected:
 
     // How far beyond its path the pen can touch a pixel.
     virtual qreal reach() const = 0;
+    // How the finished stroke keeps its points.
+    virtual pallo::StrokePath::Packing packing() const { return pallo::StrokePath::PackPoints; }
     // Repaints dirty, where a segment just added to stroke() paints (null when the segment
     // added nothing); grows the bounds when it does not fit.
     void segmentAdded(const QRectF& dirty);

@@ -6,6 +6,7 @@
 #include <QtMath>
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace {
 
@@ -90,6 +91,26 @@ QRectF withPoint(const QRectF& bounds, const QPointF& p)
                   QPointF(qMax(bounds.right(), p.x()), qMax(bounds.bottom(), p.y())));
 }
 
+// Whether v is kept exactly by a 16-bit integer. Minus zero is not: it would come back as zero.
+bool fitsPacked(qreal v)
+{
+    return v >= std::numeric_limits<qint16>::min() && v <= std::numeric_limits<qint16>::max() &&
+           v == std::trunc(v) && !(v == 0 && std::signbit(v));
+}
+
+// Whether moveTo and lineTo make the polyline again element for element: they leave out a
+// line to the point it stands on, and a move after a move.
+bool remakeable(const QPainterPath& path)
+{
+    for (int i = 1; i < path.elementCount(); ++i) {
+        const QPainterPath::Element& e = path.elementAt(i);
+        const QPainterPath::Element& before = path.elementAt(i - 1);
+        if (e.isMoveTo() ? before.isMoveTo() : e.x == before.x && e.y == before.y)
+            return false;
+    }
+    return true;
+}
+
 struct Run
 {
     int first;
@@ -106,8 +127,34 @@ StrokePath::StrokePath(const QPainterPath& path) : m_path(path)
         index(i);
 }
 
+QPainterPath StrokePath::path() const
+{
+    if (!packed())
+        return m_path;
+    QPainterPath built;
+    built.reserve(m_packed.size());
+    auto nextMove = m_moves.cbegin();
+    for (int i = 0; i < m_packed.size(); ++i) {
+        const QPointF point(m_packed.at(i).x, m_packed.at(i).y);
+        if (i == 0 || (nextMove != m_moves.cend() && *nextMove == i)) {
+            built.moveTo(point);
+            if (i > 0)
+                ++nextMove;
+        } else {
+            built.lineTo(point);
+        }
+    }
+    return built;
+}
+
+int StrokePath::elementCount() const
+{
+    return packed() ? m_packed.size() : m_path.elementCount();
+}
+
 void StrokePath::moveTo(const QPointF& point)
 {
+    unpack();
     const int before = m_path.elementCount();
     m_path.moveTo(point);
     if (m_path.elementCount() > before) {
@@ -120,6 +167,7 @@ void StrokePath::moveTo(const QPointF& point)
 
 QRectF StrokePath::lineTo(const QPointF& point)
 {
+    unpack();
     const int before = m_path.elementCount();
     m_path.lineTo(point);
     if (m_path.elementCount() == before)
@@ -131,8 +179,25 @@ QRectF StrokePath::lineTo(const QPointF& point)
 
 QPointF StrokePath::pointAt(int element) const
 {
+    if (packed())
+        return QPointF(m_packed.at(element).x, m_packed.at(element).y);
     const QPainterPath::Element& e = m_path.elementAt(element);
     return QPointF(e.x, e.y);
+}
+
+bool StrokePath::isMove(int element) const
+{
+    if (packed())
+        return element == 0 || std::binary_search(m_moves.cbegin(), m_moves.cend(), element);
+    return m_path.elementAt(element).type == QPainterPath::MoveToElement;
+}
+
+bool StrokePath::isLine(int element) const
+{
+    // Packed points are those of a polyline: what does not start a subpath is a line.
+    if (packed())
+        return !isMove(element);
+    return m_path.elementAt(element).type == QPainterPath::LineToElement;
 }
 
 QRectF StrokePath::segmentRect(int element) const
@@ -145,8 +210,7 @@ QRectF StrokePath::segmentRect(int element) const
 
 bool StrokePath::closesSubpath(int element) const
 {
-    const bool endsSubpath = element + 1 == m_path.elementCount() ||
-                             m_path.elementAt(element + 1).type == QPainterPath::MoveToElement;
+    const bool endsSubpath = element + 1 == elementCount() || isMove(element + 1);
     return endsSubpath && pointAt(element) == pointAt(subpathStart(element));
 }
 
@@ -162,7 +226,7 @@ void StrokePath::index(int element)
     const QPointF point(e.x, e.y);
     m_bounds = element == 0 ? QRectF(point, point) : withPoint(m_bounds, point);
     const bool move = e.type == QPainterPath::MoveToElement;
-    if (move || element == 0)
+    if (move && element > 0)
         m_moves.append(element);
     if (move)
         return;
@@ -173,7 +237,7 @@ void StrokePath::index(int element)
     ++m_segments;
     if (m_segments == kGridFrom) {
         for (int i = 1; i <= element; ++i) {
-            if (m_path.elementAt(i).type == QPainterPath::LineToElement)
+            if (isLine(i))
                 indexSegment(i);
         }
     } else if (m_segments > kGridFrom) {
@@ -190,7 +254,7 @@ void StrokePath::indexSegment(int element)
     }
 }
 
-void StrokePath::compact()
+void StrokePath::compact(Packing packing)
 {
     m_moves.squeeze();
     // Iterating a hash to change it detaches it, which makes even an empty one allocate.
@@ -198,7 +262,9 @@ void StrokePath::compact()
         for (QVector<int>& elements : m_cells)
             elements.squeeze();
     }
-    if (!m_polyline)
+    if (!m_polyline || packed() || !remakeable(m_path))
+        return;
+    if (packing == PackPoints && pack())
         return;
     QPainterPath exact;
     exact.reserve(m_path.elementCount());
@@ -211,6 +277,32 @@ void StrokePath::compact()
             exact.lineTo(e.x, e.y);
     }
     m_path = exact;
+}
+
+bool StrokePath::pack()
+{
+    // The path made from the points has the default fill rule.
+    const int count = m_path.elementCount();
+    if (count == 0 || m_path.fillRule() != Qt::OddEvenFill)
+        return false;
+    QVector<PackedPoint> points(count);
+    for (int i = 0; i < count; ++i) {
+        const QPainterPath::Element& e = m_path.elementAt(i);
+        if (!fitsPacked(e.x) || !fitsPacked(e.y))
+            return false;
+        points[i] = {qint16(e.x), qint16(e.y)};
+    }
+    m_packed = points;
+    m_path = QPainterPath();
+    return true;
+}
+
+void StrokePath::unpack()
+{
+    if (!packed())
+        return;
+    m_path = path();
+    m_packed = QVector<PackedPoint>();
 }
 
 bool StrokePath::nearArea(int element, const QRectF& area, const QRectF& rect,
@@ -246,6 +338,8 @@ QPainterPath StrokePath::partNear(const QRectF& rect, qreal reach, qreal squareH
 {
     const QRectF area = rect.adjusted(-reach, -reach, reach, reach);
     if (rect.isNull() || !m_polyline || area.contains(m_bounds)) {
+        if (packed())
+            return path();
         QPainterPath whole = m_path;
         if (whole.elementCount() > 0) {
             const QPainterPath::Element& first = whole.elementAt(0);
@@ -258,9 +352,8 @@ QPainterPath StrokePath::partNear(const QRectF& rect, qreal reach, qreal squareH
     const qint64 cells = qint64(cellOf(area.right()) - cellOf(area.left()) + 1) *
                          (cellOf(area.bottom()) - cellOf(area.top()) + 1);
     if (m_cells.isEmpty() || cells > m_segments) {
-        for (int i = 1; i < m_path.elementCount(); ++i) {
-            if (m_path.elementAt(i).type == QPainterPath::LineToElement &&
-                nearArea(i, area, rect, squareHalf))
+        for (int i = 1; i < elementCount(); ++i) {
+            if (isLine(i) && nearArea(i, area, rect, squareHalf))
                 hits.append(i);
         }
     } else {
@@ -282,17 +375,16 @@ QPainterPath StrokePath::partNear(const QRectF& rect, qreal reach, qreal squareH
     // Each run takes a few more segments of its polyline on either side: the rasterizer's
     // rounding along an edge depends on where the edge is cut, and a segment stroked on its
     // own does not always round the same as inside its polyline.
-    const auto isLine = [this](int element) {
-        return element > 0 && element < m_path.elementCount() &&
-               m_path.elementAt(element).type == QPainterPath::LineToElement;
+    const auto inRun = [this](int element) {
+        return element > 0 && element < elementCount() && isLine(element);
     };
     QVector<Run> runs;
     for (int element : qAsConst(hits)) {
         int first = element;
         int last = element;
-        for (int k = 0; k < kContext && isLine(first - 1); ++k)
+        for (int k = 0; k < kContext && inRun(first - 1); ++k)
             --first;
-        for (int k = 0; k < kContext && isLine(last + 1); ++k)
+        for (int k = 0; k < kContext && inRun(last + 1); ++k)
             ++last;
         if (!runs.isEmpty() && first <= runs.last().last + 1)
             runs.last().last = qMax(runs.last().last, last);

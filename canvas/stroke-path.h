@@ -18,7 +18,9 @@ public:
     StrokePath() = default;
     explicit StrokePath(const QPainterPath& path);
 
-    const QPainterPath& path() const { return m_path; }
+    // Made anew on each call once a finished polyline keeps only its points.
+    QPainterPath path() const;
+    int elementCount() const;
     // Bounds of every point of the path.
     QRectF pointBounds() const { return m_bounds; }
 
@@ -46,10 +48,28 @@ public:
     // rectangle comes near rect, which leaves out many that reach alone would take.
     QPainterPath partNear(const QRectF& rect, qreal reach, qreal squareHalf = 0) const;
 
-    // For a path that is done growing: gives back the room kept for more points.
-    void compact();
+    enum Packing
+    {
+        PackPoints,
+        KeepPath
+    };
+    // For a path that is done growing: gives back the room kept for more points. With
+    // PackPoints, a polyline whose every coordinate is a whole number of a small range keeps
+    // just those, a sixth of the room of its path. A path that grows again is unpacked.
+    void compact(Packing packing = PackPoints);
 
 private:
+    struct PackedPoint
+    {
+        qint16 x;
+        qint16 y;
+    };
+
+    bool packed() const { return !m_packed.isEmpty(); }
+    bool pack();
+    void unpack();
+    bool isMove(int element) const;
+    bool isLine(int element) const;
     void index(int element);
     void indexSegment(int element);
     int subpathStart(int element) const;
@@ -61,11 +81,14 @@ private:
     // A subpath whose last point is its first is stroked with a join there, not two ends.
     bool closesSubpath(int element) const;
 
+    // Empty while the points are packed.
     QPainterPath m_path;
+    QVector<PackedPoint> m_packed;
     QRectF m_bounds;
     // Curves are not indexed; a path holding one is always painted whole.
     bool m_polyline = true;
-    // The elements that start a subpath, in order.
+    // The elements after the first that start a subpath, in order; most strokes have none, and
+    // keep no list for them.
     QVector<int> m_moves;
     // Grid cell to the elements that end a line segment crossing the cell; made only once
     // the path is long enough for a search through every segment to cost more.

@@ -5,6 +5,7 @@
 
 #include <QtMath>
 #include <QtTest>
+#include <cstring>
 
 class TestStrokePath : public QObject
 {
@@ -22,6 +23,12 @@ private slots:
     void boundsFollowPoints();
     void roomToGrowAddsAnEighthOrAtLeast24_data();
     void roomToGrowAddsAnEighthOrAtLeast24();
+    void finishedPathKeepsEveryElement_data();
+    void finishedPathKeepsEveryElement();
+    void finishedPathGrowsOn_data();
+    void finishedPathGrowsOn();
+    void finishedPathGivesSamePartNear_data();
+    void finishedPathGivesSamePartNear();
 };
 
 Q_DECLARE_METATYPE(QPainterPath)
@@ -89,6 +96,67 @@ QPainterPath eraserRows()
         previous = next;
     }
     return stroke.path();
+}
+
+// The same path, every point moved by offset and scaled by factor.
+QPainterPath moved(const QPainterPath& path, const QPointF& offset, qreal factor = 1)
+{
+    QPainterPath result;
+    for (int i = 0; i < path.elementCount(); ++i) {
+        const QPainterPath::Element& e = path.elementAt(i);
+        const QPointF p = QPointF(e.x, e.y) * factor + offset;
+        if (e.isMoveTo())
+            result.moveTo(p);
+        else
+            result.lineTo(p);
+    }
+    return result;
+}
+
+// A polyline through points, with moves where move is set.
+QPainterPath polyline(const QVector<QPointF>& points, const QVector<bool>& moves = {})
+{
+    QPainterPath path;
+    for (int i = 0; i < points.size(); ++i) {
+        if (i == 0 || moves.value(i))
+            path.moveTo(points.at(i));
+        else
+            path.lineTo(points.at(i));
+    }
+    return path;
+}
+
+bool sameBits(qreal a, qreal b)
+{
+    return std::memcmp(&a, &b, sizeof a) == 0;
+}
+
+// Whether two paths are element for element the same, to the last bit; QPainterPath's own
+// comparison forgives small differences.
+QString differenceOf(const QPainterPath& actual, const QPainterPath& expected)
+{
+    if (actual.fillRule() != expected.fillRule())
+        return "fill rules differ";
+    if (actual.elementCount() != expected.elementCount()) {
+        return QString("%1 elements instead of %2")
+            .arg(actual.elementCount())
+            .arg(expected.elementCount());
+    }
+    for (int i = 0; i < actual.elementCount(); ++i) {
+        const QPainterPath::Element& a = actual.elementAt(i);
+        const QPainterPath::Element& e = expected.elementAt(i);
+        if (a.type != e.type || !sameBits(a.x, e.x) || !sameBits(a.y, e.y)) {
+            return QString("element %1 is %2 (%3, %4) instead of %5 (%6, %7)")
+                .arg(i)
+                .arg(a.type)
+                .arg(a.x, 0, 'g', 17)
+                .arg(a.y, 0, 'g', 17)
+                .arg(e.type)
+                .arg(e.x, 0, 'g', 17)
+                .arg(e.y, 0, 'g', 17);
+        }
+    }
+    return QString();
 }
 
 QImage paint(const QPainterPath& path, const QPen& pen, const QRect& clip)
@@ -278,6 +346,142 @@ void TestStrokePath::roomToGrowAddsAnEighthOrAtLeast24()
     QFETCH(QRectF, tight);
     QFETCH(QRectF, grown);
     QCOMPARE(pallo::StrokePath::roomToGrow(tight), grown);
+}
+
+void TestStrokePath::finishedPathKeepsEveryElement_data()
+{
+    QTest::addColumn<QPainterPath>("path");
+
+    QTest::newRow("one subpath") << scribble(60);
+    QTest::newRow("one long subpath") << scribble();
+    QTest::newRow("a single point") << polyline({{12, 34}});
+    QTest::newRow("subpath of its own for every segment") << separateSegments();
+    QTest::newRow("rows of segments") << eraserRows();
+    QTest::newRow("several subpaths")
+        << polyline({{10, 10}, {20, 10}, {20, 30}, {50, 50}, {60, 40}, {5, 5}, {6, 7}, {8, 9}},
+                    {false, false, false, true, false, true, false, false});
+    QTest::newRow("closed on its start") << closedRing();
+    QPainterPath closedTwice = polyline({{10, 10}, {50, 10}, {50, 50}});
+    closedTwice.closeSubpath();
+    closedTwice.lineTo(90, 90);
+    closedTwice.lineTo(90, 10);
+    closedTwice.closeSubpath();
+    QTest::newRow("closed subpaths") << closedTwice;
+    QTest::newRow("negative") << moved(scribble(), QPointF(-1000, -700));
+    QTest::newRow("edges of the compact range")
+        << polyline({{-32768, 32767}, {32767, -32768}, {0, 0}, {-1, 1}});
+    QTest::newRow("beyond the compact range, high")
+        << polyline({{10, 10}, {20, 20}, {32768, 20}, {30, 30}});
+    QTest::newRow("beyond the compact range, low")
+        << polyline({{10, 10}, {20, 20}, {20, -32769}, {30, 30}});
+    QTest::newRow("far beyond the compact range") << moved(scribble(), QPointF(1e6, 0));
+    QTest::newRow("fractions") << polyline({{10, 10}, {20, 20.5}, {30, 30}});
+    QTest::newRow("a fraction of the last point") << polyline({{10, 10}, {20, 20}, {30, 30.25}});
+    QTest::newRow("tiny fraction") << polyline({{10, 10}, {20 + 1e-9, 20}, {30, 30}});
+    QTest::newRow("fraction beyond the range") << polyline({{10, 10}, {32767.5, 20}, {30, 30}});
+    QTest::newRow("long path scaled to fractions") << moved(scribble(), QPointF(0.25, 0), 1.5);
+    QTest::newRow("minus zero") << polyline({{10, 10}, {-0.0, 20}, {30, 30}});
+    QPainterPath winding = scribble(60);
+    winding.setFillRule(Qt::WindingFill);
+    QTest::newRow("winding fill") << winding;
+    QPainterPath repeated;
+    repeated.addPolygon(QPolygonF({{10, 10}, {20, 20}, {20, 20}, {30, 10}}));
+    QTest::newRow("a line to the point it stands on") << repeated;
+    QPainterPath curve = polyline({{0, 0}, {100, 0}});
+    curve.cubicTo(150, 0, 150, 100, 100, 100);
+    curve.lineTo(0, 100);
+    QTest::newRow("curve") << curve;
+}
+
+void TestStrokePath::finishedPathKeepsEveryElement()
+{
+    QFETCH(QPainterPath, path);
+    for (const auto packing : {pallo::StrokePath::PackPoints, pallo::StrokePath::KeepPath}) {
+        pallo::StrokePath stroke(path);
+        const QRectF bounds = stroke.pointBounds();
+        stroke.compact(packing);
+        const QString difference = differenceOf(stroke.path(), path);
+        QVERIFY2(difference.isEmpty(), qPrintable(difference));
+        QCOMPARE(stroke.elementCount(), path.elementCount());
+        QCOMPARE(stroke.pointBounds(), bounds);
+    }
+}
+
+void TestStrokePath::finishedPathGrowsOn_data()
+{
+    QTest::addColumn<QPainterPath>("path");
+    QTest::newRow("one subpath") << scribble(60);
+    QTest::newRow("several subpaths") << separateSegments();
+    QTest::newRow("fractions") << moved(scribble(60), QPointF(0.5, 0));
+}
+
+void TestStrokePath::finishedPathGrowsOn()
+{
+    QFETCH(QPainterPath, path);
+    pallo::StrokePath stroke(path);
+    stroke.compact();
+    const QPointF last = path.currentPosition();
+    QCOMPARE(stroke.lineTo(last + QPointF(7, 3)), QRectF(last, last + QPointF(7, 3)));
+    stroke.moveTo(QPointF(-5, -6));
+    stroke.lineTo(QPointF(-15, -16));
+
+    QPainterPath expected = path;
+    expected.lineTo(last + QPointF(7, 3));
+    expected.moveTo(-5, -6);
+    expected.lineTo(-15, -16);
+    const QString difference = differenceOf(stroke.path(), expected);
+    QVERIFY2(difference.isEmpty(), qPrintable(difference));
+    QCOMPARE(stroke.pointBounds().topLeft(), QPointF(-15, -16));
+}
+
+void TestStrokePath::finishedPathGivesSamePartNear_data()
+{
+    QTest::addColumn<QPainterPath>("path");
+    QTest::addColumn<qreal>("squareHalf");
+
+    // Over 128 segments the parts are found through the grid.
+    QTest::newRow("long stroke") << scribble() << 0.0;
+    QTest::newRow("short stroke") << scribble(40) << 0.0;
+    QTest::newRow("long stroke, negative") << moved(scribble(), QPointF(-300, -200)) << 0.0;
+    QTest::newRow("ring closed on itself") << closedRing() << 0.0;
+    QTest::newRow("eraser segments") << separateSegments() << 20.0;
+    QTest::newRow("eraser rows") << eraserRows() << 20.0;
+    QTest::newRow("eraser rows, negative") << moved(eraserRows(), QPointF(-300, -200)) << 20.0;
+    QTest::newRow("long stroke in fractions") << moved(scribble(), QPointF(0, 0.5)) << 0.0;
+    QTest::newRow("long stroke beyond the compact range")
+        << moved(scribble(), QPointF(40000, 0)) << 0.0;
+}
+
+void TestStrokePath::finishedPathGivesSamePartNear()
+{
+    QFETCH(QPainterPath, path);
+    QFETCH(qreal, squareHalf);
+    const pallo::StrokePath growing(path);
+    pallo::StrokePath finished(path);
+    finished.compact();
+    const QRectF bounds = growing.pointBounds();
+    int parts = 0;
+    for (qreal y = bounds.top() - 30; y < bounds.bottom() + 30; y += 23) {
+        for (qreal x = bounds.left() - 30; x < bounds.right() + 30; x += 29) {
+            for (const QSizeF size : {QSizeF(9, 9), QSizeF(40, 25), QSizeF(120, 70)}) {
+                const QRectF rect(QPointF(x, y), size);
+                const QPainterPath expected = growing.partNear(rect, 8, squareHalf);
+                const QString difference =
+                    differenceOf(finished.partNear(rect, 8, squareHalf), expected);
+                QVERIFY2(difference.isEmpty(), qPrintable(QString("%1 %2,%3 %4x%5")
+                                                              .arg(difference)
+                                                              .arg(x)
+                                                              .arg(y)
+                                                              .arg(size.width())
+                                                              .arg(size.height())));
+                if (!expected.isEmpty())
+                    ++parts;
+            }
+        }
+    }
+    QVERIFY(parts > 100);
+    const QString whole = differenceOf(finished.partNear(QRectF(), 8, squareHalf), path);
+    QVERIFY2(whole.isEmpty(), qPrintable(whole));
 }
 
 QTEST_MAIN(TestStrokePath)
