@@ -14,7 +14,7 @@ constexpr qreal kCell = 64;
 constexpr int kContext = 2;
 // A stroke starts small, and a thin one grows across its thin side at once: at least this
 // much room keeps the bounds from changing every few points.
-constexpr qreal kLeastRoomToGrow = 24;
+constexpr qreal kLeastRoomToGrow = 64;
 // Up to this many segments, finding those near a rectangle goes through all of them.
 constexpr int kGridFrom = 128;
 
@@ -329,8 +329,8 @@ QRectF StrokePath::squareEndsBounds(const QPointF& a, const QPointF& b, qreal ha
 
 QRectF StrokePath::roomToGrow(const QRectF& tight)
 {
-    const qreal dx = qMax(tight.width() / 8, kLeastRoomToGrow);
-    const qreal dy = qMax(tight.height() / 8, kLeastRoomToGrow);
+    const qreal dx = qMax(tight.width(), kLeastRoomToGrow);
+    const qreal dy = qMax(tight.height(), kLeastRoomToGrow);
     return tight.adjusted(-dx, -dy, dx, dy);
 }
 

@@ -29,9 +29,10 @@ public:
     // repeats the last one (the path skips it).
     QRectF lineTo(const QPointF& point);
 
-    // Bounds for an item whose stroke paints inside tight and keeps growing: an eighth of its
-    // size, and at least 24 px, to spare on every side, so that its bounds change (and it is
-    // repainted whole) only now and then.
+    // Bounds for an item whose stroke paints inside tight and keeps growing: its own size, and
+    // at least 64 px, to spare on every side. A change of bounds repaints the stroke whole and
+    // makes the scene visit every drawn item once; with room that grows as the stroke does,
+    // that happens a few times per stroke, not every few points.
     static QRectF roomToGrow(const QRectF& tight);
 
     // Bounds of the rectangle that a pen with square ends paints around the segment from a to

@@ -21,8 +21,8 @@ private slots:
     void areaCoveringAllGivesWholePath();
     void pathWithCurveIsAlwaysWhole();
     void boundsFollowPoints();
-    void roomToGrowAddsAnEighthOrAtLeast24_data();
-    void roomToGrowAddsAnEighthOrAtLeast24();
+    void roomToGrowAddsItsSizeOrAtLeast64_data();
+    void roomToGrowAddsItsSizeOrAtLeast64();
     void finishedPathKeepsEveryElement_data();
     void finishedPathKeepsEveryElement();
     void finishedPathGrowsOn_data();
@@ -331,17 +331,17 @@ void TestStrokePath::boundsFollowPoints()
     QCOMPARE(stroke.pointBounds(), QRectF(QPointF(10, 60), QPointF(70, 90)));
 }
 
-void TestStrokePath::roomToGrowAddsAnEighthOrAtLeast24_data()
+void TestStrokePath::roomToGrowAddsItsSizeOrAtLeast64_data()
 {
     QTest::addColumn<QRectF>("tight");
     QTest::addColumn<QRectF>("grown");
-    QTest::newRow("large") << QRectF(0, 0, 800, 400) << QRectF(-100, -50, 1000, 500);
-    QTest::newRow("thin") << QRectF(0, 0, 800, 16) << QRectF(-100, -24, 1000, 64);
-    QTest::newRow("small") << QRectF(10, 20, 80, 16) << QRectF(-14, -4, 128, 64);
-    QTest::newRow("a point") << QRectF(5, 5, 0, 0) << QRectF(-19, -19, 48, 48);
+    QTest::newRow("large") << QRectF(0, 0, 800, 400) << QRectF(-800, -400, 2400, 1200);
+    QTest::newRow("thin") << QRectF(0, 0, 800, 16) << QRectF(-800, -64, 2400, 144);
+    QTest::newRow("small") << QRectF(10, 20, 80, 16) << QRectF(-70, -44, 240, 144);
+    QTest::newRow("a point") << QRectF(5, 5, 0, 0) << QRectF(-59, -59, 128, 128);
 }
 
-void TestStrokePath::roomToGrowAddsAnEighthOrAtLeast24()
+void TestStrokePath::roomToGrowAddsItsSizeOrAtLeast64()
 {
     QFETCH(QRectF, tight);
     QFETCH(QRectF, grown);
