@@ -154,7 +154,7 @@ int StrokePath::elementCount() const
 
 void StrokePath::moveTo(const QPointF& point)
 {
-    unpack();
+    prepareToGrow();
     const int before = m_path.elementCount();
     m_path.moveTo(point);
     if (m_path.elementCount() > before) {
@@ -167,7 +167,7 @@ void StrokePath::moveTo(const QPointF& point)
 
 QRectF StrokePath::lineTo(const QPointF& point)
 {
-    unpack();
+    prepareToGrow();
     const int before = m_path.elementCount();
     m_path.lineTo(point);
     if (m_path.elementCount() == before)
@@ -216,6 +216,13 @@ bool StrokePath::closesSubpath(int element) const
 
 int StrokePath::subpathStart(int element) const
 {
+    if (m_movesInPath) {
+        // Short walks: the eraser's subpaths are single segments, and a pen stroke is kept
+        // this way only when its points do not pack.
+        while (element > 0 && !isMove(element))
+            --element;
+        return element;
+    }
     const auto after = std::upper_bound(m_moves.cbegin(), m_moves.cend(), element);
     return after == m_moves.cbegin() ? 0 : *(after - 1);
 }
@@ -256,16 +263,28 @@ void StrokePath::indexSegment(int element)
 
 void StrokePath::compact(Packing packing)
 {
-    m_moves.squeeze();
     // Iterating a hash to change it detaches it, which makes even an empty one allocate.
     if (!m_cells.isEmpty()) {
         for (QVector<int>& elements : m_cells)
             elements.squeeze();
     }
-    if (!m_polyline || packed() || !remakeable(m_path))
-        return;
-    if (packing == PackPoints && pack())
-        return;
+    if (m_polyline && !packed() && remakeable(m_path)) {
+        if (packing == PackPoints)
+            pack();
+        if (!packed())
+            keepExactPath();
+    }
+    if (packed()) {
+        m_moves.squeeze();
+    } else {
+        // A path knows where its subpaths start; the list would only repeat it.
+        m_moves = QVector<int>();
+        m_movesInPath = true;
+    }
+}
+
+void StrokePath::keepExactPath()
+{
     QPainterPath exact;
     exact.reserve(m_path.elementCount());
     exact.setFillRule(m_path.fillRule());
@@ -297,12 +316,19 @@ bool StrokePath::pack()
     return true;
 }
 
-void StrokePath::unpack()
+void StrokePath::prepareToGrow()
 {
-    if (!packed())
-        return;
-    m_path = path();
-    m_packed = QVector<PackedPoint>();
+    if (packed()) {
+        m_path = path();
+        m_packed = QVector<PackedPoint>();
+    }
+    if (m_movesInPath) {
+        for (int i = 1; i < m_path.elementCount(); ++i) {
+            if (isMove(i))
+                m_moves.append(i);
+        }
+        m_movesInPath = false;
+    }
 }
 
 bool StrokePath::nearArea(int element, const QRectF& area, const QRectF& rect,

@@ -68,7 +68,9 @@ private:
 
     bool packed() const { return !m_packed.isEmpty(); }
     bool pack();
-    void unpack();
+    void keepExactPath();
+    // Makes a finished path ready for more points.
+    void prepareToGrow();
     bool isMove(int element) const;
     bool isLine(int element) const;
     void index(int element);
@@ -89,8 +91,10 @@ private:
     // Curves are not indexed; a path holding one is always painted whole.
     bool m_polyline = true;
     // The elements after the first that start a subpath, in order; most strokes have none, and
-    // keep no list for them.
+    // keep no list for them. Not kept while m_movesInPath: a finished path that is not packed
+    // tells them by its elements.
     QVector<int> m_moves;
+    bool m_movesInPath = false;
     // Grid cell to the elements that end a line segment crossing the cell; made only once
     // the path is long enough for a search through every segment to cost more.
     QHash<quint64, QVector<int>> m_cells;

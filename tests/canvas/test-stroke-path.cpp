@@ -418,20 +418,28 @@ void TestStrokePath::finishedPathGrowsOn_data()
 void TestStrokePath::finishedPathGrowsOn()
 {
     QFETCH(QPainterPath, path);
-    pallo::StrokePath stroke(path);
-    stroke.compact();
-    const QPointF last = path.currentPosition();
-    QCOMPARE(stroke.lineTo(last + QPointF(7, 3)), QRectF(last, last + QPointF(7, 3)));
-    stroke.moveTo(QPointF(-5, -6));
-    stroke.lineTo(QPointF(-15, -16));
+    for (const auto packing : {pallo::StrokePath::PackPoints, pallo::StrokePath::KeepPath}) {
+        pallo::StrokePath stroke(path);
+        stroke.compact(packing);
+        const QPointF last = path.currentPosition();
+        QCOMPARE(stroke.lineTo(last + QPointF(7, 3)), QRectF(last, last + QPointF(7, 3)));
+        stroke.moveTo(QPointF(-5, -6));
+        stroke.lineTo(QPointF(-15, -16));
 
-    QPainterPath expected = path;
-    expected.lineTo(last + QPointF(7, 3));
-    expected.moveTo(-5, -6);
-    expected.lineTo(-15, -16);
-    const QString difference = differenceOf(stroke.path(), expected);
-    QVERIFY2(difference.isEmpty(), qPrintable(difference));
-    QCOMPARE(stroke.pointBounds().topLeft(), QPointF(-15, -16));
+        QPainterPath expected = path;
+        expected.lineTo(last + QPointF(7, 3));
+        expected.moveTo(-5, -6);
+        expected.lineTo(-15, -16);
+        const QString difference = differenceOf(stroke.path(), expected);
+        QVERIFY2(difference.isEmpty(), qPrintable(difference));
+        QCOMPARE(stroke.pointBounds().topLeft(), QPointF(-15, -16));
+        // Where its subpaths start is known again.
+        const pallo::StrokePath fresh(expected);
+        const QRectF nearEnds(-40, -40, 80, 80);
+        const QString part =
+            differenceOf(stroke.partNear(nearEnds, 30), fresh.partNear(nearEnds, 30));
+        QVERIFY2(part.isEmpty(), qPrintable(part));
+    }
 }
 
 void TestStrokePath::finishedPathGivesSamePartNear_data()
@@ -444,6 +452,9 @@ void TestStrokePath::finishedPathGivesSamePartNear_data()
     QTest::newRow("short stroke") << scribble(40) << 0.0;
     QTest::newRow("long stroke, negative") << moved(scribble(), QPointF(-300, -200)) << 0.0;
     QTest::newRow("ring closed on itself") << closedRing() << 0.0;
+    QPainterPath rings = closedRing();
+    rings.addPath(moved(closedRing(), QPointF(40, 30)));
+    QTest::newRow("two rings closed on themselves") << rings << 0.0;
     QTest::newRow("eraser segments") << separateSegments() << 20.0;
     QTest::newRow("eraser rows") << eraserRows() << 20.0;
     QTest::newRow("eraser rows, negative") << moved(eraserRows(), QPointF(-300, -200)) << 20.0;
@@ -457,31 +468,33 @@ void TestStrokePath::finishedPathGivesSamePartNear()
     QFETCH(QPainterPath, path);
     QFETCH(qreal, squareHalf);
     const pallo::StrokePath growing(path);
-    pallo::StrokePath finished(path);
-    finished.compact();
-    const QRectF bounds = growing.pointBounds();
-    int parts = 0;
-    for (qreal y = bounds.top() - 30; y < bounds.bottom() + 30; y += 23) {
-        for (qreal x = bounds.left() - 30; x < bounds.right() + 30; x += 29) {
-            for (const QSizeF size : {QSizeF(9, 9), QSizeF(40, 25), QSizeF(120, 70)}) {
-                const QRectF rect(QPointF(x, y), size);
-                const QPainterPath expected = growing.partNear(rect, 8, squareHalf);
-                const QString difference =
-                    differenceOf(finished.partNear(rect, 8, squareHalf), expected);
-                QVERIFY2(difference.isEmpty(), qPrintable(QString("%1 %2,%3 %4x%5")
-                                                              .arg(difference)
-                                                              .arg(x)
-                                                              .arg(y)
-                                                              .arg(size.width())
-                                                              .arg(size.height())));
-                if (!expected.isEmpty())
-                    ++parts;
+    for (const auto packing : {pallo::StrokePath::PackPoints, pallo::StrokePath::KeepPath}) {
+        pallo::StrokePath finished(path);
+        finished.compact(packing);
+        const QRectF bounds = growing.pointBounds();
+        int parts = 0;
+        for (qreal y = bounds.top() - 30; y < bounds.bottom() + 30; y += 23) {
+            for (qreal x = bounds.left() - 30; x < bounds.right() + 30; x += 29) {
+                for (const QSizeF size : {QSizeF(9, 9), QSizeF(40, 25), QSizeF(120, 70)}) {
+                    const QRectF rect(QPointF(x, y), size);
+                    const QPainterPath expected = growing.partNear(rect, 8, squareHalf);
+                    const QString difference =
+                        differenceOf(finished.partNear(rect, 8, squareHalf), expected);
+                    QVERIFY2(difference.isEmpty(), qPrintable(QString("%1 %2,%3 %4x%5")
+                                                                  .arg(difference)
+                                                                  .arg(x)
+                                                                  .arg(y)
+                                                                  .arg(size.width())
+                                                                  .arg(size.height())));
+                    if (!expected.isEmpty())
+                        ++parts;
+                }
             }
         }
+        QVERIFY(parts > 100);
+        const QString whole = differenceOf(finished.partNear(QRectF(), 8, squareHalf), path);
+        QVERIFY2(whole.isEmpty(), qPrintable(whole));
     }
-    QVERIFY(parts > 100);
-    const QString whole = differenceOf(finished.partNear(QRectF(), 8, squareHalf), path);
-    QVERIFY2(whole.isEmpty(), qPrintable(whole));
 }
 
 QTEST_MAIN(TestStrokePath)
