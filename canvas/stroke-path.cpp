@@ -132,10 +132,10 @@ QPainterPath StrokePath::path() const
     if (!packed())
         return m_path;
     QPainterPath built;
-    built.reserve(m_packed.size());
+    built.reserve(m_packedCount);
     auto nextMove = m_moves.cbegin();
-    for (int i = 0; i < m_packed.size(); ++i) {
-        const QPointF point(m_packed.at(i).x, m_packed.at(i).y);
+    for (int i = 0; i < m_packedCount; ++i) {
+        const QPointF point(m_packed[i].x, m_packed[i].y);
         if (i == 0 || (nextMove != m_moves.cend() && *nextMove == i)) {
             built.moveTo(point);
             if (i > 0)
@@ -149,7 +149,7 @@ QPainterPath StrokePath::path() const
 
 int StrokePath::elementCount() const
 {
-    return packed() ? m_packed.size() : m_path.elementCount();
+    return packed() ? m_packedCount : m_path.elementCount();
 }
 
 void StrokePath::moveTo(const QPointF& point)
@@ -180,7 +180,7 @@ QRectF StrokePath::lineTo(const QPointF& point)
 QPointF StrokePath::pointAt(int element) const
 {
     if (packed())
-        return QPointF(m_packed.at(element).x, m_packed.at(element).y);
+        return QPointF(m_packed[element].x, m_packed[element].y);
     const QPainterPath::Element& e = m_path.elementAt(element);
     return QPointF(e.x, e.y);
 }
@@ -304,14 +304,15 @@ bool StrokePath::pack()
     const int count = m_path.elementCount();
     if (count == 0 || m_path.fillRule() != Qt::OddEvenFill)
         return false;
-    QVector<PackedPoint> points(count);
+    auto points = std::make_unique<PackedPoint[]>(count);
     for (int i = 0; i < count; ++i) {
         const QPainterPath::Element& e = m_path.elementAt(i);
         if (!fitsPacked(e.x) || !fitsPacked(e.y))
             return false;
         points[i] = {qint16(e.x), qint16(e.y)};
     }
-    m_packed = points;
+    m_packed = std::move(points);
+    m_packedCount = count;
     m_path = QPainterPath();
     return true;
 }
@@ -320,7 +321,8 @@ void StrokePath::prepareToGrow()
 {
     if (packed()) {
         m_path = path();
-        m_packed = QVector<PackedPoint>();
+        m_packed.reset();
+        m_packedCount = 0;
     }
     if (m_movesInPath) {
         for (int i = 1; i < m_path.elementCount(); ++i) {

@@ -6,6 +6,7 @@
 #include <QPainterPath>
 #include <QRectF>
 #include <QVector>
+#include <memory>
 
 namespace pallo {
 
@@ -66,7 +67,7 @@ private:
         qint16 y;
     };
 
-    bool packed() const { return !m_packed.isEmpty(); }
+    bool packed() const { return m_packedCount > 0; }
     bool pack();
     void keepExactPath();
     // Makes a finished path ready for more points.
@@ -86,19 +87,22 @@ private:
 
     // Empty while the points are packed.
     QPainterPath m_path;
-    QVector<PackedPoint> m_packed;
+    // An array of its own rather than a container: its header would take an eighth more.
+    std::unique_ptr<PackedPoint[]> m_packed;
     QRectF m_bounds;
-    // Curves are not indexed; a path holding one is always painted whole.
-    bool m_polyline = true;
     // The elements after the first that start a subpath, in order; most strokes have none, and
     // keep no list for them. Not kept while m_movesInPath: a finished path that is not packed
     // tells them by its elements.
     QVector<int> m_moves;
-    bool m_movesInPath = false;
     // Grid cell to the elements that end a line segment crossing the cell; made only once
     // the path is long enough for a search through every segment to cost more.
     QHash<quint64, QVector<int>> m_cells;
+    // The small members last, together, so that each item holding a path keeps less padding.
+    int m_packedCount = 0;
     int m_segments = 0;
+    // Curves are not indexed; a path holding one is always painted whole.
+    bool m_polyline = true;
+    bool m_movesInPath = false;
 };
 
 } // namespace pallo
