@@ -52,6 +52,19 @@ bool westonManagesWindows()
 #endif
 }
 
+// Where weston has put the canvas, as the X server has it; null where weston does not
+// manage and maximise the canvas.
+QRect westonCanvasFrame(const QWidget* canvas)
+{
+#ifndef Q_OS_WIN
+    if (canvas && canvas->isWindow() && canvas->isMaximized() && westonManagesWindows())
+        return x11RootGeometry(canvas->winId());
+#else
+    Q_UNUSED(canvas)
+#endif
+    return QRect();
+}
+
 } // namespace
 
 namespace window_layering {
@@ -106,16 +119,8 @@ void showCanvasOverScreen(QWidget* canvas)
 
 QRect canvasArea(const QWidget* canvas, const QRect& screen)
 {
-#ifndef Q_OS_WIN
-    if (canvas && canvas->isWindow() && canvas->isMaximized() && westonManagesWindows()) {
-        const QRect area = screen & x11RootGeometry(canvas->winId());
-        if (!area.isEmpty())
-            return area;
-    }
-#else
-    Q_UNUSED(canvas)
-#endif
-    return screen;
+    const QRect area = screen & westonCanvasFrame(canvas);
+    return area.isEmpty() ? screen : area;
 }
 
 // weston moves the frame it put the maximised canvas in a moment after mapping it, and
@@ -124,16 +129,9 @@ QRect canvasArea(const QWidget* canvas, const QRect& screen)
 // missed the text item the press had just made, which lost the focus and was dropped.
 void followCanvasFrame(QWidget* canvas)
 {
-#ifndef Q_OS_WIN
-    if (!canvas->isWindow() || !canvas->isMaximized() || !canvas->windowHandle() ||
-        !westonManagesWindows())
-        return;
-    const QRect real = x11RootGeometry(canvas->winId());
-    if (!real.isNull() && real.topLeft() != canvas->geometry().topLeft())
+    const QRect real = westonCanvasFrame(canvas);
+    if (!real.isNull() && canvas->windowHandle() && real.topLeft() != canvas->geometry().topLeft())
         canvas->windowHandle()->setPosition(real.topLeft());
-#else
-    Q_UNUSED(canvas)
-#endif
 }
 
 } // namespace window_layering

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 pallo-board developers
 // SPDX-License-Identifier: MIT
+#include "tests/e2e/board-return.h"
 #include "tests/e2e/e2e-board.h"
 #include "tests/e2e/stroke-ink.h"
 #include "tests/e2e/toolbar-layout.h"
@@ -173,15 +174,8 @@ QRect TestBoardWestonE2e::toolbarPlace() const
 
 bool TestBoardWestonE2e::revealToolbar()
 {
-    if (toolbarRect().size() == layout.size)
-        return true;
-    const QRect strip = toolbarRect();
-    if (strip.isEmpty() || !session->moveTo(strip.center()))
-        return false;
-    if (QTest::qWaitFor([this] { return toolbarRect().size() == layout.size; }, 5000))
-        return true;
-    qWarning() << "the toolbar stays at" << toolbarRect() << "measured" << layout.size;
-    return false;
+    return revealDockedToolbar([this] { return toolbarRect(); }, layout.size,
+                               [this](const QPoint& p) { return session->moveTo(p); });
 }
 
 QString TestBoardWestonE2e::whereChanged(const QImage& shot) const
@@ -241,15 +235,9 @@ QString TestBoardWestonE2e::boardGone(const QRect& bar)
 
 QString TestBoardWestonE2e::showOrHideBringsBoardBack()
 {
-    if (!board->send(R"({"type":"show_or_hide"})"))
-        return "show_or_hide not sent";
-    if (!QTest::qWaitFor(
-            [this] {
-                return probe->canvasOf(board->pid()).id != 0 &&
-                       probe->toolbarOf(board->pid()).id != 0;
-            },
-            5000))
-        return "canvas or toolbar not back";
+    const QString windows = showOrHideBringsWindowsBack(*board, *probe);
+    if (!windows.isEmpty())
+        return windows;
     if (!revealToolbar())
         return "the toolbar does not come out of its dock";
     if (!QTest::qWaitFor([this] { return toolbarCover(screen(), toolbarRect()) > 60; }, 5000)) {
