@@ -3,6 +3,7 @@
 #include "canvas/curve-item.h"
 
 #include "canvas/clip-area.h"
+#include "canvas/d-data.h"
 #include "canvas/graphics-view.h"
 #include "canvas/ink-layer.h"
 #include "logging/log-categories.h"
@@ -46,6 +47,11 @@ CurveItem::~CurveItem()
 void CurveItem::lineTo(const QPointF& point)
 {
     segmentAdded(withReach(stroke().lineTo(point)));
+}
+
+void CurveItem::setMoveReceiver(DData* data)
+{
+    m_moveReceiver = data;
 }
 
 qreal CurveItem::reach() const
@@ -128,6 +134,10 @@ void CurveItem::mouseReleaseEvent(QGraphicsSceneMouseEvent* event)
     moveBy(displacement.x(), displacement.y());
     m_lastScenePos = event->scenePos();
     QGraphicsPathItem::mouseReleaseEvent(event);
-    if (m_moved)
-        emit singal_changePos(scenePos(), this);
+    if (!m_moved)
+        return;
+    if (m_moveReceiver)
+        connect(this, &CurveItem::singal_changePos, m_moveReceiver.data(), &DData::slot_changePos,
+                Qt::UniqueConnection);
+    emit singal_changePos(scenePos(), this);
 }

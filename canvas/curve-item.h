@@ -6,6 +6,9 @@
 #include "canvas/stroke-item.h"
 
 #include <QObject>
+#include <QPointer>
+
+class DData;
 
 // A freehand stroke of the pen, the highlighter or the vanishing pen.
 class CurveItem : public QObject, public StrokeItem
@@ -29,6 +32,10 @@ public:
     // Extends the stroke by a straight segment to point and repaints only around it.
     void lineTo(const QPointF& point);
 
+    // The drawing data that hears singal_changePos. The connection is made when the stroke is
+    // first dragged: it would cost every stroke some 280 bytes, and most are never dragged.
+    void setMoveReceiver(DData* data);
+
     QPainterPath shape() const override;
     void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) override;
 
@@ -50,6 +57,7 @@ private:
     QPointF m_lastScenePos;
     bool m_moved = false;
     ItemHoverCursor m_hoverCursor;
+    QPointer<DData> m_moveReceiver;
 };
 
 Q_DECLARE_METATYPE(QGraphicsPathItem*)

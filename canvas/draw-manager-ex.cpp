@@ -155,7 +155,7 @@ void DrawManagerEx::updateCurve()
         path.moveTo(s.startX, s.startY);
         item->setPath(path);
         m_data->scene()->addItem(item);
-        connect(item, &CurveItem::singal_changePos, m_data, &DData::slot_changePos);
+        item->setMoveReceiver(m_data);
         s.item = item;
     } else {
         item->lineTo(QPointF(s.endX, s.endY));

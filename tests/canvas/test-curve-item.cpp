@@ -130,6 +130,19 @@ void TestCurveItem::draggingMovesAndUndoes()
     QCOMPARE(manager->data()->records().first().pos, QPointF(0, 0));
     stack->redo();
     QCOMPARE(curve->pos(), QPointF(20, 30));
+
+    // A second drag of the same stroke is one more step, not two.
+    QTest::mousePress(viewport, Qt::LeftButton, Qt::NoModifier, QPoint(170, 130));
+    QMouseEvent again(QEvent::MouseMove, QPointF(180, 130), viewport->mapToGlobal(QPoint(180, 130)),
+                      Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(viewport, &again);
+    QTest::mouseRelease(viewport, Qt::LeftButton, Qt::NoModifier, QPoint(180, 130));
+    QCOMPARE(moved.count(), 2);
+    QCOMPARE(stack->count(), 3);
+    QCOMPARE(manager->data()->records().first().pos, QPointF(30, 30));
+    stack->undo();
+    QCOMPARE(curve->pos(), QPointF(20, 30));
+    QCOMPARE(stack->index(), 2);
 }
 
 void TestCurveItem::eraserDoesNotMoveIt()
