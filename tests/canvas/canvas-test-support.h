@@ -5,8 +5,10 @@
 #include "canvas/graphics-view.h"
 #include "tests/test-output.h"
 
+#include <QCoreApplication>
 #include <QGraphicsScene>
 #include <QImage>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QTest>
 
@@ -18,6 +20,22 @@ inline bool showAsWindow(pallo::GraphicsView& view, const QSize& size)
     view.resize(size);
     view.show();
     return QTest::qWaitForWindowExposed(&view);
+}
+
+// QTest's mouse move only moves the cursor; the widget gets a real move event here.
+inline void sendMouseMove(QWidget* widget, const QPointF& pos, Qt::MouseButtons buttons)
+{
+    QMouseEvent event(QEvent::MouseMove, pos, widget->mapToGlobal(pos.toPoint()), Qt::NoButton,
+                      buttons, Qt::NoModifier);
+    QCoreApplication::sendEvent(widget, &event);
+}
+
+// Presses the left button at from, moves to to and lets go there.
+inline void dragWithMouse(QWidget* widget, const QPoint& from, const QPoint& to)
+{
+    QTest::mousePress(widget, Qt::LeftButton, Qt::NoModifier, from);
+    sendMouseMove(widget, to, Qt::LeftButton);
+    QTest::mouseRelease(widget, Qt::LeftButton, Qt::NoModifier, to);
 }
 
 // Renders the scene like the canvas's translucent window: onto transparent pixels, so that

@@ -113,11 +113,7 @@ void TestCurveItem::draggingMovesAndUndoes()
 
     manager->slot_figure("drag");
     QWidget* viewport = view.viewport();
-    QTest::mousePress(viewport, Qt::LeftButton, Qt::NoModifier, QPoint(150, 100));
-    QMouseEvent move(QEvent::MouseMove, QPointF(170, 130), viewport->mapToGlobal(QPoint(170, 130)),
-                     Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(viewport, &move);
-    QTest::mouseRelease(viewport, Qt::LeftButton, Qt::NoModifier, QPoint(170, 130));
+    dragWithMouse(viewport, QPoint(150, 100), QPoint(170, 130));
 
     QCOMPARE(moved.count(), 1);
     QCOMPARE(curve->pos(), QPointF(20, 30));
@@ -132,11 +128,7 @@ void TestCurveItem::draggingMovesAndUndoes()
     QCOMPARE(curve->pos(), QPointF(20, 30));
 
     // A second drag of the same stroke is one more step, not two.
-    QTest::mousePress(viewport, Qt::LeftButton, Qt::NoModifier, QPoint(170, 130));
-    QMouseEvent again(QEvent::MouseMove, QPointF(180, 130), viewport->mapToGlobal(QPoint(180, 130)),
-                      Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(viewport, &again);
-    QTest::mouseRelease(viewport, Qt::LeftButton, Qt::NoModifier, QPoint(180, 130));
+    dragWithMouse(viewport, QPoint(170, 130), QPoint(180, 130));
     QCOMPARE(moved.count(), 2);
     QCOMPARE(stack->count(), 3);
     QCOMPARE(manager->data()->records().first().pos, QPointF(30, 30));

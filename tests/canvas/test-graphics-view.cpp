@@ -125,13 +125,9 @@ void TestGraphicsView::mouseStroke(const QVector<QPoint>& points)
     QTest::mouseRelease(viewport, Qt::LeftButton, Qt::NoModifier, points.last());
 }
 
-// QTest's mouse move only moves the cursor; the viewport gets a real move event here.
 void TestGraphicsView::mouseMove(const QPoint& pos, Qt::MouseButtons buttons)
 {
-    QWidget* viewport = m_view->viewport();
-    QMouseEvent event(QEvent::MouseMove, pos, viewport->mapToGlobal(pos), Qt::NoButton, buttons,
-                      Qt::NoModifier);
-    QCoreApplication::sendEvent(viewport, &event);
+    sendMouseMove(m_view->viewport(), pos, buttons);
 }
 
 void TestGraphicsView::penEvent(QEvent::Type type, const QPointF& pos, Qt::MouseButton button)

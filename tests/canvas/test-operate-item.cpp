@@ -167,10 +167,7 @@ void TestOperateItem::press(const QPointF& pos)
 
 void TestOperateItem::move(const QPointF& pos, Qt::MouseButtons buttons)
 {
-    QWidget* viewport = m_view->viewport();
-    QMouseEvent event(QEvent::MouseMove, pos, viewport->mapToGlobal(pos.toPoint()), Qt::NoButton,
-                      buttons, Qt::NoModifier);
-    QApplication::sendEvent(viewport, &event);
+    sendMouseMove(m_view->viewport(), pos, buttons);
 }
 
 void TestOperateItem::release(const QPointF& pos)
