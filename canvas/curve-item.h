@@ -33,7 +33,7 @@ public:
     void lineTo(const QPointF& point);
 
     // The drawing data that hears singal_changePos. The connection is made when the stroke is
-    // first dragged: it would cost every stroke some 280 bytes, and most are never dragged.
+    // first dragged: it would cost every stroke some 350 bytes, and most are never dragged.
     void setMoveReceiver(DData* data);
 
     QPainterPath shape() const override;

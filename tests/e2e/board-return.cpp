@@ -11,9 +11,9 @@
 bool revealDockedToolbar(const std::function<QRect()>& toolbarRect, const QSize& full,
                          const std::function<bool(const QPoint&)>& moveTo)
 {
-    if (toolbarRect().size() == full)
-        return true;
     const QRect strip = toolbarRect();
+    if (strip.size() == full)
+        return true;
     if (strip.isEmpty() || !moveTo(strip.center()))
         return false;
     if (QTest::qWaitFor([&] { return toolbarRect().size() == full; }, 5000))
